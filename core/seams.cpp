@@ -1,0 +1,33 @@
+#include "seams.h"
+
+namespace {
+
+ZvPlatformSeams g_seams = {};
+
+}  // namespace
+
+extern "C" ZVOPT32_API void WINAPI ZvSetPlatformSeams(const ZvPlatformSeams* seams)
+{
+    g_seams = seams ? *seams : ZvPlatformSeams{};
+}
+
+BOOL SeamWinHelp(HWND window, LPCSTR helpFile, UINT command, ULONG_PTR data)
+{
+    if (g_seams.winHelp)
+        return g_seams.winHelp(window, helpFile, command, data);
+    return WinHelpA(window, helpFile, command, data);
+}
+
+BOOL SeamMessageBeep(UINT type)
+{
+    if (g_seams.messageBeep)
+        return g_seams.messageBeep(type);
+    return MessageBeep(type);
+}
+
+int SeamMessageBox(HWND owner, LPCSTR text, LPCSTR caption, UINT type)
+{
+    if (g_seams.messageBox)
+        return g_seams.messageBox(owner, text, caption, type);
+    return MessageBoxA(owner, text, caption, type);
+}

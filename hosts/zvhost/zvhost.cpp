@@ -1,0 +1,103 @@
+// zvhost: a small windowed host of the options library.
+//
+// It loads ZVOPT32 and the suite's libraries by their names, shows its
+// window and ends when asked (closing the window, or --exit-after MS for a
+// run without a person). What it loaded is written to standard output.
+#include <windows.h>
+
+#include <cstdio>
+#include <cstdlib>
+#include <cstring>
+#include <iterator>
+
+namespace {
+
+const char kWindowClass[] = "ZvHostWindow";
+const char kTitle[] = "Zavrin Host";
+const UINT_PTR kExitTimer = 1;
+
+// The libraries a host of the suite uses, by the names the suite gives them.
+const char* const kLibraries[] = {
+    "ZVOPT32.dll", "OKAIO32.dll", "OKAHEAP40.dll", "ZVWIO32.dll",
+    "okamod32.dll", "ravicli.dll", "OKACVT32.dll",
+};
+
+int LoadLibraries()
+{
+    int loaded = 0;
+    for (const char* name : kLibraries) {
+        HMODULE module = LoadLibraryA(name);
+        if (module) {
+            char path[MAX_PATH] = {};
+            GetModuleFileNameA(module, path, sizeof path - 1);
+            std::printf("loaded %-14s %s\n", name, path);
+            ++loaded;
+        } else {
+            std::printf("missing %-13s (error %lu)\n", name, GetLastError());
+        }
+    }
+    std::fflush(stdout);
+    return loaded;
+}
+
+LRESULT CALLBACK HostWindowProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam)
+{
+    switch (message) {
+    case WM_TIMER:
+        if (wParam == kExitTimer) {
+            KillTimer(window, kExitTimer);
+            std::printf("closing the window as asked\n");
+            std::fflush(stdout);
+            PostMessageA(window, WM_CLOSE, 0, 0);
+        }
+        return 0;
+    case WM_DESTROY:
+        PostQuitMessage(0);
+        return 0;
+    }
+    return DefWindowProcA(window, message, wParam, lParam);
+}
+
+UINT ExitAfterFromCommandLine(const char* commandLine)
+{
+    const char* option = std::strstr(commandLine, "--exit-after");
+    if (!option)
+        return 0;
+    return static_cast<UINT>(std::strtoul(option + std::strlen("--exit-after"), nullptr, 10));
+}
+
+}  // namespace
+
+int WINAPI WinMain(HINSTANCE instance, HINSTANCE, LPSTR commandLine, int show)
+{
+    int loaded = LoadLibraries();
+
+    WNDCLASSA windowClass = {};
+    windowClass.lpfnWndProc = HostWindowProc;
+    windowClass.hInstance = instance;
+    windowClass.hCursor = LoadCursor(nullptr, IDC_ARROW);
+    windowClass.hbrBackground = reinterpret_cast<HBRUSH>(COLOR_APPWORKSPACE + 1);
+    windowClass.lpszClassName = kWindowClass;
+    if (!RegisterClassA(&windowClass))
+        return 1;
+
+    HWND window = CreateWindowA(kWindowClass, kTitle, WS_OVERLAPPEDWINDOW, CW_USEDEFAULT,
+                                CW_USEDEFAULT, 800, 600, nullptr, nullptr, instance, nullptr);
+    if (!window)
+        return 1;
+    ShowWindow(window, show);
+    UpdateWindow(window);
+    std::printf("window \"%s\" shown\n", kTitle);
+    std::fflush(stdout);
+
+    if (UINT exitAfter = ExitAfterFromCommandLine(commandLine))
+        SetTimer(window, kExitTimer, exitAfter, nullptr);
+
+    MSG message;
+    while (GetMessageA(&message, nullptr, 0, 0) > 0) {
+        TranslateMessage(&message);
+        DispatchMessageA(&message);
+    }
+    std::printf("host ended (%d of %zu libraries loaded)\n", loaded, std::size(kLibraries));
+    return 0;
+}

@@ -1,0 +1,7 @@
+// Numbers of the library's resources: dialog templates from 200, strings from 15000.
+#pragma once
+
+#define IDS_OUT_OF_MEMORY 15011
+#define IDS_PROCESSING_OPTIONS 15063
+#define IDS_PROPERTIES 15065
+#define IDS_FILE_NAME_TOO_LONG 15093

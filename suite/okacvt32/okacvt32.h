@@ -1,0 +1,28 @@
+// OKACVT32: conversion helpers of the suite: texts of the engine's codes and
+// gamma values.
+#pragma once
+
+#include <windows.h>
+
+#ifdef OKACVT32_BUILD
+#define OKACVT32_API __declspec(dllexport)
+#else
+#define OKACVT32_API __declspec(dllimport)
+#endif
+
+#include "okaheap40.h"
+
+class OKACVT32_API MsgLib : public OKAObject {
+public:
+    MsgLib();
+    ~MsgLib();
+    // Writes the text of an engine code into text (at least 256 bytes) and
+    // gives text.
+    char* GetMessageA(short code, char* text);
+};
+
+// Fills count bytes of table with the intensity curve of the three values
+// (each -100 to 100): byte x is the height, in pixels of a box count pixels
+// wide and high, of the curve at column x. Note the order: gamma first.
+OKACVT32_API short CvtCreateGammaValue(short count, short gamma, short contrast, short bright,
+                                       unsigned char* table);

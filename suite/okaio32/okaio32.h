@@ -1,0 +1,106 @@
+// OKAIO32: the suite's tag store, list service and temporary files.
+#pragma once
+
+#include <cstddef>
+
+#include "okaheap40.h"
+
+#ifdef OKAIO32_BUILD
+#define OKAIO32_API __declspec(dllexport)
+#else
+#define OKAIO32_API __declspec(dllimport)
+#endif
+
+class TagStore;  // the inner working of a set, private to OKAIO32
+
+// A set of named text values. Sets hang in chains: while a child hangs under
+// a set, reads and writes through the parent go to the deepest child first,
+// and reads fall back through the ancestors. A set bound with SetPath keeps
+// its tags in a stored place that outlives the process.
+class OKAIO32_API TagSet : public OKAObject {
+public:
+    TagSet();
+    ~TagSet();
+    TagSet(const TagSet&) = delete;
+    TagSet& operator=(const TagSet&) = delete;
+
+    // Hangs a child under this set in place of any child it had; null takes
+    // it off. The set does not own its child.
+    void SetChild(TagSet* child);
+    TagSet* GetLastChild();  // the deepest child, or null
+    TagSet* GetParent();     // the parent, or null at the root
+    // Merges this set's tags, removals included, into its parent.
+    short FuseWithParent();
+    // Binds the set to a stored place (1 is the only mode); the set then
+    // holds what is stored there. Gives 0, or a negative code when the place
+    // cannot be opened (the set is then empty).
+    short SetPath(const char* path, int mode);
+    const char* GetPath();  // the text given to SetPath, or null
+
+    // Direct access to this one set, without the child and ancestor rules.
+    // The Zv functions of ZVWIO32 apply those rules.
+    const char* GetOwn(const char* key);      // null when absent or removed here
+    bool IsRemovedHere(const char* key);      // a removal recorded in this set
+    short SetOwn(const char* key, const char* value);  // "" removes
+    TagStore* Store() { return store_; }
+
+private:
+    TagStore* store_;
+    TagSet* parent_;
+    TagSet* child_;
+};
+
+class TagSearchState;
+
+// A search over the keys of a set chain that begin with a prefix.
+class OKAIO32_API TagSearch : public OKAObject {
+public:
+    TagSearch(TagSet* tags, const char* prefix);
+    ~TagSearch();
+    // The next key without the prefix, or null at the end.
+    const char* Next();
+
+private:
+    TagSearchState* state_;
+};
+
+// Temporary files. The offsets of error, name, write and close are fixed
+// (6, 38, 62 and 74 in the 32-bit build) because hosts read them directly.
+#pragma pack(push, 2)
+struct tagSFILE {
+    void* handle;               // the open file
+    unsigned short mode;        // how it was opened
+    short error;                // the first error of the file, 0 when none
+    unsigned long written;      // bytes written so far
+    char reserved1[26];
+    char* name;                 // the path; set to null to keep the file at close
+    char reserved2[62 - 38 - sizeof(char*)];
+    short (*write)(tagSFILE* file, const void* bytes, unsigned long length);
+    char reserved3[74 - 62 - sizeof(void*)];
+    short (*close)(tagSFILE* file);
+};
+#pragma pack(pop)
+
+#if defined(_WIN32) && !defined(_WIN64)
+static_assert(offsetof(tagSFILE, error) == 6);
+static_assert(offsetof(tagSFILE, name) == 38);
+static_assert(offsetof(tagSFILE, write) == 62);
+static_assert(offsetof(tagSFILE, close) == 74);
+#endif
+
+// Opens a new temporary file for writing. Gives 0 and the file, or a
+// negative code.
+OKAIO32_API short OkiOpenTempFile(tagSFILE** file, unsigned short mode, unsigned short flags);
+
+// The list service: a doubly linked list of nodes with a payload.
+struct OkiNode;
+struct OkiList;
+OKAIO32_API OkiList* OkiCreateList();
+OKAIO32_API void OkiDestroyList(OkiList* list);  // destroys its nodes too
+OKAIO32_API OkiNode* OkiCreateNode(unsigned long size);  // payload zeroed
+OKAIO32_API void OkiDestroyNode(OkiNode* node);
+OKAIO32_API void OkiAddTail(OkiList* list, OkiNode* node);
+OKAIO32_API OkiNode* OkiExtractNode(OkiList* list, OkiNode* node);
+// The first node when node is null, else the one after it; null at the end.
+OKAIO32_API OkiNode* OkiNextNode(OkiList* list, OkiNode* node);
+OKAIO32_API void* OkiNodeData(OkiNode* node);
