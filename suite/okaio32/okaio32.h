@@ -37,12 +37,16 @@ public:
     short SetPath(const char* path, int mode);
     const char* GetPath();  // the text given to SetPath, or null
 
-    // Direct access to this one set, without the child and ancestor rules.
-    // The Zv functions of ZVWIO32 apply those rules.
-    const char* GetOwn(const char* key);      // null when absent or removed here
-    bool IsRemovedHere(const char* key);      // a removal recorded in this set
-    short SetOwn(const char* key, const char* value);  // "" removes
-    TagStore* Store() { return store_; }
+    // Access with the chain rules: Get looks in the deepest child first,
+    // then in each ancestor up to this set; Set writes into the deepest
+    // child ("" records a removal, which hides the ancestors' value). Keys
+    // are cut to 63 characters; a null or empty key reads as absent and is
+    // refused (a negative result) on write. The text given by Get stays
+    // readable until the next write to the chain. The Zv functions of
+    // ZVWIO32 are built on these.
+    const char* Get(const char* key);
+    short Set(const char* key, const char* value);
+    TagSet* Root();  // the topmost ancestor (this set at the root)
 
 private:
     TagStore* store_;
