@@ -39,6 +39,8 @@ public:
                 Note("refused");
                 return 1;
             }
+            if (reinterpret_cast<NMHDR*>(lParam)->code == PSN_HELP)
+                Note("help");
             break;
         }
         return CPropertyPage::WindowProc(message, wParam, lParam);
@@ -251,9 +253,12 @@ TEST_F(TwoPageSheet, PageObjectsOwnTheirWindowsAndGetEveryMessage)
             EXPECT_EQ(first.IsDlgButtonChecked(IDC_FIRST_CHECK), static_cast<UINT>(BST_CHECKED));
             checked = true;
         },
+        [](HWND s) { PropSheet_PressButton(s, PSBTN_HELP); },
         PressCancel,
     });
     EXPECT_TRUE(checked);
+    // The sheet's Help button reaches the page in front as PSN_HELP.
+    EXPECT_EQ(events, (Events{"first:init", "first:help", "first:cancel"}));
 }
 
 TEST(Sheet, ShowsItsCaptionThePagesInOrderAndItsButtons)
