@@ -1,44 +1,16 @@
 // Context help as the dialogs ask for it: every call of the help viewer is
 // recorded through the library's seam, with a copy of the control table as
-// it was at the moment of the call.
+// it was at the moment of the call (up to its closing pair of zeros).
 #include <gtest/gtest.h>
 
 #include <string>
-#include <utility>
 #include <vector>
 
 #include "frame_tables.h"
+#include "seam_recorder.h"
 #include "zvopt32.h"
 
 namespace {
-
-struct HelpCall {
-    HWND window;
-    std::string file;
-    UINT command;
-    ULONG_PTR data;
-    std::vector<DWORD> table;  // up to and with the closing pair of zeros
-};
-
-std::vector<HelpCall> g_calls;
-
-BOOL WINAPI RecordWinHelp(HWND window, LPCSTR file, UINT command, ULONG_PTR data)
-{
-    HelpCall call{window, file ? file : "", command, data, {}};
-    if (command == HELP_WM_HELP || command == HELP_CONTEXTMENU) {
-        // The table lives on the caller's stack: copy it now. The bound only
-        // keeps a table without its end from running on.
-        const DWORD* words = reinterpret_cast<const DWORD*>(data);
-        for (size_t i = 0; i < 2000; i += 2) {
-            call.table.push_back(words[i]);
-            call.table.push_back(words[i + 1]);
-            if (words[i] == 0 && words[i + 1] == 0)
-                break;
-        }
-    }
-    g_calls.push_back(std::move(call));
-    return TRUE;
-}
 
 std::string HelpFileBesideLibrary()
 {
@@ -62,10 +34,6 @@ class ContextHelp : public ::testing::Test {
 protected:
     void SetUp() override
     {
-        g_calls.clear();
-        ZvPlatformSeams seams = {};
-        seams.winHelp = &RecordWinHelp;
-        ZvSetPlatformSeams(&seams);
         dialog_ = CreateWindowA("STATIC", "Contrast and Brightness", WS_OVERLAPPEDWINDOW, 0, 0, 300, 200, nullptr,
                                 nullptr, nullptr, nullptr);
         contrast_ = CreateWindowA("BUTTON", "Contrast", WS_CHILD, 10, 10, 80, 20, dialog_,
@@ -78,8 +46,10 @@ protected:
     void TearDown() override
     {
         DestroyWindow(dialog_);
-        ZvSetPlatformSeams(nullptr);
     }
+
+    zvtest::SeamRecorder recorder;
+    const std::vector<zvtest::WinHelpCall>& calls = recorder.helpCalls;
 
     HWND dialog_ = nullptr;
     HWND contrast_ = nullptr;
@@ -95,28 +65,27 @@ TEST_F(ContextHelp, F1OnAControlHandsTheViewerTheWholeTable)
     info.hItemHandle = contrast_;
     ShowContextHelp(WM_HELP, 0, reinterpret_cast<LPARAM>(&info));
 
-    ASSERT_EQ(g_calls.size(), 1u);
-    const HelpCall& call = g_calls[0];
+    ASSERT_EQ(calls.size(), 1u);
+    const zvtest::WinHelpCall& call = calls[0];
     EXPECT_EQ(call.window, contrast_);
     EXPECT_EQ(call.command, static_cast<UINT>(HELP_WM_HELP));
     EXPECT_EQ(call.file, HelpFileBesideLibrary());
-    ASSERT_EQ(call.table.size(), static_cast<size_t>(2 * 204 + 2));
-    EXPECT_EQ(call.table[408], 0u);
-    EXPECT_EQ(call.table[409], 0u);
-    EXPECT_EQ(ContextOf(call.table, 1601), 1221u);
+    // The recorder stops at the closing pair of zeros: 204 pairs before it.
+    ASSERT_EQ(call.idPairs.size(), static_cast<size_t>(2 * 204));
+    EXPECT_EQ(ContextOf(call.idPairs, 1601), 1221u);
 }
 
 TEST_F(ContextHelp, RightClickGivesThePopUpOfTheControlUnderIt)
 {
     ShowContextHelp(WM_CONTEXTMENU, reinterpret_cast<WPARAM>(untitled_), MAKELPARAM(20, 50));
 
-    ASSERT_EQ(g_calls.size(), 1u);
-    const HelpCall& call = g_calls[0];
+    ASSERT_EQ(calls.size(), 1u);
+    const zvtest::WinHelpCall& call = calls[0];
     EXPECT_EQ(call.window, untitled_);
     EXPECT_EQ(call.command, static_cast<UINT>(HELP_CONTEXTMENU));
-    EXPECT_EQ(call.table.size(), static_cast<size_t>(2 * 204 + 2));
+    EXPECT_EQ(call.idPairs.size(), static_cast<size_t>(2 * 204));
     // A control without a topic is in the table with 0: the viewer shows nothing.
-    EXPECT_EQ(ContextOf(call.table, 1611), 0u);
+    EXPECT_EQ(ContextOf(call.idPairs, 1611), 0u);
 }
 
 TEST_F(ContextHelp, HelpButtonOpensTheTopicOfTheWholeDialog)
@@ -124,11 +93,11 @@ TEST_F(ContextHelp, HelpButtonOpensTheTopicOfTheWholeDialog)
     ShowContextHelp(WM_COMMAND, MAKEWPARAM(IDHELP, BN_CLICKED), zv::kHelpAdjColorsPage);
     ShowContextHelp(WM_COMMAND, IDHELP, zv::kHelpOutputPages);
 
-    ASSERT_EQ(g_calls.size(), 2u);
-    EXPECT_EQ(g_calls[0].command, static_cast<UINT>(HELP_CONTEXT));
-    EXPECT_EQ(g_calls[0].data, 1220u);
-    EXPECT_EQ(g_calls[0].file, HelpFileBesideLibrary());
-    EXPECT_EQ(g_calls[1].data, 1400u);
+    ASSERT_EQ(calls.size(), 2u);
+    EXPECT_EQ(calls[0].command, static_cast<UINT>(HELP_CONTEXT));
+    EXPECT_EQ(calls[0].data, 1220u);
+    EXPECT_EQ(calls[0].file, HelpFileBesideLibrary());
+    EXPECT_EQ(calls[1].data, 1400u);
 }
 
 TEST_F(ContextHelp, OtherMessagesAndCommandsCallNothing)
@@ -138,7 +107,7 @@ TEST_F(ContextHelp, OtherMessagesAndCommandsCallNothing)
     ShowContextHelp(WM_KEYDOWN, VK_F1, 0);
     ShowContextHelp(WM_NOTIFY, 0, 0);
     ShowContextHelp(WM_HELP, 0, 0);  // no HELPINFO: nothing to point at
-    EXPECT_TRUE(g_calls.empty());
+    EXPECT_TRUE(calls.empty());
 }
 
 }  // namespace

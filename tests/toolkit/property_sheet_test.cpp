@@ -1,13 +1,12 @@
 // The sheet and its pages driven as a user would, by the sheet's own
-// messages, from a thread timer that fires inside the sheet's modal loop.
+// messages, from steps that run inside the sheet's modal loop.
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <deque>
-#include <functional>
 #include <string>
 #include <vector>
 
+#include "dialog_driver.h"
 #include "sheet_pages.h"
 #include "toolkit.h"
 
@@ -64,65 +63,6 @@ private:
     Events* events_;
 };
 
-// Runs the steps one per tick of a thread timer while the sheet is up. If
-// the steps leave the sheet open, the driver cancels it after a while so
-// that a broken test fails instead of hanging.
-class SheetDriver {
-public:
-    using Step = std::function<void(HWND sheet)>;
-
-    static int Run(CPropertySheet& sheet, std::vector<Step> steps)
-    {
-        sheet_ = &sheet;
-        steps_.assign(steps.begin(), steps.end());
-        idleTicks_ = 0;
-        forcedClose_ = false;
-        UINT_PTR timer = SetTimer(nullptr, 0, 20, &SheetDriver::Tick);
-        int result = sheet.DoModal();
-        KillTimer(nullptr, timer);
-        sheet_ = nullptr;
-        return result;
-    }
-
-    static bool ForcedClose() { return forcedClose_; }
-
-private:
-    static void CALLBACK Tick(HWND, UINT, UINT_PTR, DWORD)
-    {
-        HWND window = sheet_ ? sheet_->m_hWnd : nullptr;
-        if (!window)
-            return;
-        if (!steps_.empty()) {
-            Step step = steps_.front();
-            steps_.pop_front();
-            step(window);
-        } else if (++idleTicks_ > 100) {
-            forcedClose_ = true;
-            PropSheet_PressButton(window, PSBTN_CANCEL);
-        }
-    }
-
-    static inline CPropertySheet* sheet_ = nullptr;
-    static inline std::deque<Step> steps_;
-    static inline int idleTicks_ = 0;
-    static inline bool forcedClose_ = false;
-};
-
-void PressOk(HWND sheet)
-{
-    PropSheet_PressButton(sheet, PSBTN_OK);
-}
-
-void PressCancel(HWND sheet)
-{
-    PropSheet_PressButton(sheet, PSBTN_CANCEL);
-}
-
-void GoToPage(HWND sheet, int index)
-{
-    PropSheet_SetCurSel(sheet, nullptr, index);
-}
-
 bool Has(const Events& events, const char* event)
 {
     return std::find(events.begin(), events.end(), event) != events.end();
@@ -139,28 +79,33 @@ std::string TabText(HWND sheet, int index)
     return text;
 }
 
+int RunSheet(zvtest::DialogDriver& driver, CPropertySheet& sheet)
+{
+    int result = static_cast<int>(driver.Run([&] { return static_cast<INT_PTR>(sheet.DoModal()); }));
+    EXPECT_FALSE(driver.Failed());
+    return result;
+}
+
 struct TwoPageSheet : ::testing::Test {
     Events events;
     TestPage first{IDD_FIRST_PAGE, "first", &events};
     TestPage second{IDD_SECOND_PAGE, "second", &events};
     CPropertySheet sheet{"Test Sheet"};
+    zvtest::DialogDriver driver;
 
     void SetUp() override
     {
         sheet.AddPage(&first);
         sheet.AddPage(&second);
+        driver.WaitWindow("Test Sheet");
     }
-
-    void TearDown() override { EXPECT_FALSE(SheetDriver::ForcedClose()); }
 };
 
 TEST_F(TwoPageSheet, OkOnTheFirstPageLeavesTheUnopenedPageAlone)
 {
     HWND secondWindowWhileOpen = reinterpret_cast<HWND>(1);
-    int result = SheetDriver::Run(sheet, {
-        [&](HWND) { secondWindowWhileOpen = second.m_hWnd; },
-        PressOk,
-    });
+    driver.Do([&](HWND) { secondWindowWhileOpen = second.m_hWnd; }).PressOk();
+    int result = RunSheet(driver, sheet);
 
     EXPECT_EQ(result, IDOK);
     EXPECT_EQ(secondWindowWhileOpen, nullptr);
@@ -172,7 +117,8 @@ TEST_F(TwoPageSheet, OkOnTheFirstPageLeavesTheUnopenedPageAlone)
 
 TEST_F(TwoPageSheet, OkAfterVisitingBothPagesRunsOnOkOnEach)
 {
-    int result = SheetDriver::Run(sheet, {[](HWND s) { GoToPage(s, 1); }, PressOk});
+    driver.SelectTab(1).ExpectPage(1).PressOk();
+    int result = RunSheet(driver, sheet);
 
     EXPECT_EQ(result, IDOK);
     EXPECT_TRUE(Has(events, "first:ok"));
@@ -183,13 +129,14 @@ TEST_F(TwoPageSheet, OkAfterVisitingBothPagesRunsOnOkOnEach)
 
 TEST_F(TwoPageSheet, CancelRunsOnCancelOnThePagesThatHaveAWindow)
 {
-    int result = SheetDriver::Run(sheet, {PressCancel});
-    EXPECT_EQ(result, IDCANCEL);
+    driver.PressCancel();
+    EXPECT_EQ(RunSheet(driver, sheet), IDCANCEL);
     EXPECT_EQ(events, (Events{"first:init", "first:cancel"}));
 
     events.clear();
-    result = SheetDriver::Run(sheet, {[](HWND s) { GoToPage(s, 1); }, PressCancel});
-    EXPECT_EQ(result, IDCANCEL);
+    zvtest::DialogDriver again;
+    again.WaitWindow("Test Sheet").SelectTab("Second").PressCancel();
+    EXPECT_EQ(RunSheet(again, sheet), IDCANCEL);
     EXPECT_TRUE(Has(events, "first:cancel"));
     EXPECT_TRUE(Has(events, "second:cancel"));
     EXPECT_FALSE(Has(events, "first:ok"));
@@ -198,13 +145,9 @@ TEST_F(TwoPageSheet, CancelRunsOnCancelOnThePagesThatHaveAWindow)
 
 TEST_F(TwoPageSheet, ApplyNowThenCancelStillGivesCancel)
 {
-    int result = SheetDriver::Run(sheet, {
-        [](HWND s) {
-            PropSheet_Changed(s, PropSheet_GetCurrentPageHwnd(s));
-            PropSheet_PressButton(s, PSBTN_APPLYNOW);
-        },
-        PressCancel,
-    });
+    driver.Do([](HWND s) { PropSheet_Changed(s, PropSheet_GetCurrentPageHwnd(s)); }).PressApply().PressCancel();
+    int result = RunSheet(driver, sheet);
+
     // Apply Now runs OnOK and leaves the sheet open; what closes it decides.
     EXPECT_EQ(result, IDCANCEL);
     EXPECT_EQ(events, (Events{"first:init", "first:ok", "first:cancel"}));
@@ -213,20 +156,17 @@ TEST_F(TwoPageSheet, ApplyNowThenCancelStillGivesCancel)
 TEST_F(TwoPageSheet, RefusedLeaveKeepsThePageAndTheSheet)
 {
     first.refuseLeave = true;
-    bool stayedOnFirst = false;
     bool stillOpenAfterOk = false;
-    int result = SheetDriver::Run(sheet, {
-        [](HWND s) { GoToPage(s, 1); },
-        [&](HWND s) { stayedOnFirst = PropSheet_GetCurrentPageHwnd(s) == first.m_hWnd; },
-        PressOk,
-        [&](HWND s) {
-            stillOpenAfterOk = IsWindow(s);
+    driver.SelectTab(1)
+        .ExpectPage(0)
+        .PressOk()
+        .Do([&](HWND s) {
+            stillOpenAfterOk = IsWindow(s) && s == sheet.m_hWnd;
             first.refuseLeave = false;
-        },
-        PressOk,
-    });
+        })
+        .PressOk();
+    int result = RunSheet(driver, sheet);
 
-    EXPECT_TRUE(stayedOnFirst);
     EXPECT_TRUE(stillOpenAfterOk);
     EXPECT_EQ(result, IDOK);
     EXPECT_EQ(events, (Events{"first:init", "first:refused", "first:refused", "first:ok"}));
@@ -235,8 +175,8 @@ TEST_F(TwoPageSheet, RefusedLeaveKeepsThePageAndTheSheet)
 TEST_F(TwoPageSheet, PageObjectsOwnTheirWindowsAndGetEveryMessage)
 {
     bool checked = false;
-    SheetDriver::Run(sheet, {
-        [&](HWND s) {
+    driver
+        .Do([&](HWND s) {
             EXPECT_EQ(CWnd::FromHandle(first.m_hWnd), &first);
             EXPECT_EQ(CWnd::FromHandle(s), &sheet);
             EXPECT_EQ(first.GetParent(), &sheet);
@@ -252,10 +192,11 @@ TEST_F(TwoPageSheet, PageObjectsOwnTheirWindowsAndGetEveryMessage)
             first.CheckDlgButton(IDC_FIRST_CHECK, BST_CHECKED);
             EXPECT_EQ(first.IsDlgButtonChecked(IDC_FIRST_CHECK), static_cast<UINT>(BST_CHECKED));
             checked = true;
-        },
-        [](HWND s) { PropSheet_PressButton(s, PSBTN_HELP); },
-        PressCancel,
-    });
+        })
+        .PressHelp()
+        .PressCancel();
+    RunSheet(driver, sheet);
+
     EXPECT_TRUE(checked);
     // The sheet's Help button reaches the page in front as PSN_HELP.
     EXPECT_EQ(events, (Events{"first:init", "first:help", "first:cancel"}));
@@ -273,22 +214,19 @@ TEST(Sheet, ShowsItsCaptionThePagesInOrderAndItsButtons)
     sheet.AddPage(&first);
     sheet.AddPage(&second);
 
-    std::string caption, tabs;
+    std::string tabs;
     bool buttons = false;
-    int result = SheetDriver::Run(sheet, {
-        [&](HWND s) {
-            char text[128] = {};
-            GetWindowTextA(s, text, sizeof text);
-            caption = text;
+    zvtest::DialogDriver driver;
+    driver.WaitWindow("Processing Options")
+        .Do([&](HWND s) {
             tabs = TabText(s, 0) + "," + TabText(s, 1) + "," + TabText(s, 2);
             buttons = GetDlgItem(s, kSheetOkButton) && GetDlgItem(s, kSheetCancelButton) &&
                       GetDlgItem(s, kSheetApplyButton) && GetDlgItem(s, kSheetHelpButton);
-        },
-        PressCancel,
-    });
+        })
+        .Screenshot("toolkit_sheet")
+        .PressCancel();
 
-    EXPECT_EQ(result, IDCANCEL);
-    EXPECT_EQ(caption, "Processing Options");
+    EXPECT_EQ(RunSheet(driver, sheet), IDCANCEL);
     EXPECT_EQ(tabs, "Third,First,Second");
     EXPECT_TRUE(buttons);
     EXPECT_EQ(events, (Events{"third:init", "third:cancel"}));
