@@ -182,15 +182,11 @@ TEST_F(TwoPageSheet, PageObjectsOwnTheirWindowsAndGetEveryMessage)
             EXPECT_EQ(first.GetParent(), &sheet);
             EXPECT_EQ(SendMessageA(first.m_hWnd, WM_APP, 0, 0), 77);
 
+            // A control's object is a temporary one around its window.
             first.SetDlgItemInt(IDC_FIRST_EDIT, 42);
             char text[16] = {};
             first.GetDlgItem(IDC_FIRST_EDIT)->GetWindowTextA(text, sizeof text);
             EXPECT_STREQ(text, "42");
-            BOOL translated = FALSE;
-            EXPECT_EQ(first.GetDlgItemInt(IDC_FIRST_EDIT, &translated), 42u);
-            EXPECT_TRUE(translated);
-            first.CheckDlgButton(IDC_FIRST_CHECK, BST_CHECKED);
-            EXPECT_EQ(first.IsDlgButtonChecked(IDC_FIRST_CHECK), static_cast<UINT>(BST_CHECKED));
             checked = true;
         })
         .PressHelp()
