@@ -77,6 +77,8 @@ public:
     void SetWindowTextA(LPCSTR text);
     void SetScrollRange(int bar, int minPos, int maxPos, BOOL redraw = TRUE);
     int SetScrollPos(int bar, int pos, BOOL redraw = TRUE);
+    // The platform's message box, owned by this window. ZVOPT32 shows its
+    // own through its seam instead, where a test can answer it.
     int MessageBoxA(LPCSTR text, LPCSTR caption = nullptr, UINT type = MB_OK);
 
 protected:
