@@ -3,6 +3,7 @@
 // under the ids of message_codes.h.
 #include <cstdio>
 
+#include "gamma_curve.h"
 #include "message_codes.h"
 #include "okacvt32.h"
 

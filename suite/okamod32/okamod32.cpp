@@ -42,11 +42,18 @@ const FormatTable& SuiteTable()
     return table;
 }
 
+// Index n+1 is row n of the table, so that null stays "no format".
+int RowOfIndex(const FormatTable* table, HKEY index)
+{
+    if (table == nullptr || index == nullptr) return -1;
+    std::uintptr_t row = reinterpret_cast<std::uintptr_t>(index) - 1;
+    return row < table->formats.size() ? static_cast<int>(row) : -1;
+}
+
 const FormatRecord* RecordOf(const FormatTable* table, HKEY index)
 {
-    if (table == nullptr || index == nullptr) return nullptr;
-    std::uintptr_t row = reinterpret_cast<std::uintptr_t>(index) - 1;
-    return row < table->formats.size() ? &table->formats[row] : nullptr;
+    int row = RowOfIndex(table, index);
+    return row < 0 ? nullptr : &table->formats[row];
 }
 
 }  // namespace
@@ -69,11 +76,15 @@ OKAMOD::OKAMOD(const char*) : table_(&SuiteTable()) {}
 
 OKAMOD::~OKAMOD() = default;
 
-// Index n+1 is row n of the table, so that null stays "no format".
 HKEY OKAMOD::GetIndex(const char* ext)
 {
     int row = zvfmt::FindFormat(*table_, ext);
     return row < 0 ? nullptr : reinterpret_cast<HKEY>(static_cast<std::uintptr_t>(row) + 1);
+}
+
+int OKAMOD::Row(HKEY index) const
+{
+    return RowOfIndex(table_, index);
 }
 
 int OKAMOD::GetType(HKEY index)
