@@ -98,6 +98,14 @@ TEST(Kernels, GammaContrastAndBrightness)
         EXPECT_GT(lifted.PixelRgb(0, 0) & 0xFF, 0x40u);
         EXPECT_LT(lifted.PixelRgb(0, 0) & 0xFF, 0xC0u);
     }
+    // The table that a curve is drawn from rises and is the identity at 0.
+    uint8_t table[256];
+    GammaTable(0, 0, 0, table);
+    for (int v = 0; v < 256; ++v)
+        ASSERT_EQ(table[v], v);
+    GammaTable(30, -20, 40, table);
+    for (int v = 1; v < 256; ++v)
+        ASSERT_GE(table[v], table[v - 1]);
     Image image = MakeOrDie(2, 2, 24);
     EXPECT_EQ(Gamma(image, 101, 0, 0), kEngineBadArgument);
     EXPECT_EQ(Gamma(image, 0, 0, -101), kEngineBadArgument);
