@@ -78,6 +78,13 @@ TEST(Kernels, EqualizeSpreadsANarrowHistogram)
         // Flat: equal shares of pixels give equal steps.
         EXPECT_NEAR(int(im->PixelRgb(16, 0) & 0xFF), 132, 1);  // 16 of 31 steps
     }
+    // Two greys, on every depth, go to the two ends.
+    for (int bits : test::kDepths) {
+        Image two = TwoColours(bits, 0x646464, 0x787878);
+        ASSERT_EQ(Equalize(two), 0);
+        EXPECT_EQ(two.PixelRgb(0, 0), 0x000000u) << bits;
+        EXPECT_EQ(two.PixelRgb(5, 0), 0xFFFFFFu) << bits;
+    }
 }
 
 TEST(Kernels, GammaContrastAndBrightness)
