@@ -34,13 +34,10 @@ public:
 
 namespace ravi {
 
-// Codes that only the Windows side of the engine gives; the portable ones
-// stand in portable/engine_codes.h.
-enum WindowsEngineCode : short {
-    kEngineNothingToUndo = -4160,  // UndoRedo with no change behind it
-    kEngineNotAvailable = -4161,   // tracing belongs to a later engine
-    kEngineNoWindow = -4162,       // a view painted before it has a window
-};
+// The Windows side's own codes (declared in ravicli.h for hosts).
+constexpr short kEngineNothingToUndo = kRavicliNothingToUndo;
+constexpr short kEngineNotAvailable = kRavicliNotAvailable;
+constexpr short kEngineNoWindow = kRavicliNoWindow;
 
 // --- sections (section.cpp) ---
 // Puts bytes into the document's section, making a new one when there is
