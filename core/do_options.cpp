@@ -83,6 +83,9 @@ extern "C" ZVOPT32_API short DoOptions(Dewey* image, TagSet* tags, const char* s
 
     result = image->Test(path, nullptr, nullptr);
     _unlink(path);
+    // The path came from the file's allocator and is ours since it left
+    // the record.
+    OkiFreeSMem(path);
     return result;
 }
 

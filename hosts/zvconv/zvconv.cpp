@@ -170,7 +170,7 @@ int main(int argc, char** argv)
     // A stored place of this run's own, so that the wildcard set lies where
     // FilterOptions looks for it: below the root's path.
     char path[128];
-    std::snprintf(path, sizeof path, "Software\\Zavrin\\zvconv\\Run%lu", GetCurrentProcessId());
+    std::snprintf(path, sizeof path, "zvconv\\Run%lu", GetCurrentProcessId());
     std::string wildPath = std::string(path) + "\\Wildcards";
     std::string enginePath = std::string(path) + "\\Engine";
     TagSet* root = new TagSet;
@@ -233,5 +233,9 @@ int main(int argc, char** argv)
     delete wildcards;
     delete root;
     delete formats;
+    // The store keeps each set in a registry key below this one; the keys
+    // of the run go as well as their values.
+    std::string stored = std::string("Software\\Zavrin\\Tags\\") + path;
+    RegDeleteTreeA(HKEY_CURRENT_USER, stored.c_str());
     return status;
 }
