@@ -203,10 +203,10 @@ int main(int argc, char** argv)
         ScriptPrinter printer(image, root, formats);
         zv::WriteOptionScript(printer, src.c_str(), dest.c_str());
         std::printf("script (%u bytes, lines end in LF CR):\n", static_cast<unsigned>(printer.text.size()));
-        std::string shown = printer.text;
-        for (std::size_t at = 0; (at = shown.find("\n\r", at)) != std::string::npos;)
-            shown.replace(at, 2, "\n  ");
-        std::printf("  %s\n", shown.empty() ? "(no commands)" : shown.c_str());
+        if (printer.text.empty())
+            std::printf("  (no commands)\n");
+        for (std::size_t at = 0, end; (end = printer.text.find("\n\r", at)) != std::string::npos; at = end + 2)
+            std::printf("  %s\n", printer.text.substr(at, end - at).c_str());
 
         result = DoOptions(image, root, src.c_str(), dest.c_str(), formats);
         std::printf("engine:  %d (%s)\n", result, EngineText(result).c_str());
