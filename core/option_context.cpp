@@ -19,6 +19,8 @@ bool CreateOptionContext()
     if (g_options == nullptr)
         return false;
     g_options->inDialog = 0;
+    // No destination has been translated yet: the neutral key.
+    lstrcpynA(g_options->translatedKey, "~~~", sizeof g_options->translatedKey);
     return true;
 }
 
