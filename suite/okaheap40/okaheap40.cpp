@@ -29,7 +29,7 @@ OKAHEAP40_API void OkiSound(unsigned short frequency, unsigned short duration)
         MessageBeep(MB_ICONHAND);
 }
 
-void* OKAObject::operator new(std::size_t size)
+void* OKAObject::operator new(std::size_t size) noexcept
 {
     return OkiAllocSMem(static_cast<unsigned long>(size));
 }

@@ -1,0 +1,1004 @@
+#include "dialog_driver.h"
+
+#include <commctrl.h>
+#include <prsht.h>
+#include <wincodec.h>
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <exception>
+#include <utility>
+
+namespace zvtest {
+
+namespace {
+
+// Wine rounds shorter timer periods up to this anyway.
+constexpr UINT kTickMs = 10;
+// How long a window may take to close after a polite request before the
+// driver ends it less politely.
+constexpr ULONGLONG kPoliteMs = 300;
+constexpr ULONGLONG kForceMs = 600;
+
+thread_local DialogDriver* g_running = nullptr;
+
+using Result = DialogDriver::Result;
+using Outcome = DialogDriver::Outcome;
+
+Result Done() { return {Outcome::Done, {}}; }
+Result Retry(std::string why) { return {Outcome::Retry, std::move(why)}; }
+Result Failure(std::string why) { return {Outcome::Fail, std::move(why)}; }
+
+std::string ClassOf(HWND window)
+{
+    char name[64] = {};
+    GetClassNameA(window, name, sizeof name);
+    return name;
+}
+
+bool IsClass(HWND window, const char* name)
+{
+    return lstrcmpiA(ClassOf(window).c_str(), name) == 0;
+}
+
+std::string Quote(const std::string& text)
+{
+    return "\"" + text + "\"";
+}
+
+std::string Describe(HWND window)
+{
+    if (!window)
+        return "no window";
+    return ClassOf(window) + " " + Quote(DialogDriver::TextOf(window));
+}
+
+// The dialog a control belongs to: the page of a property sheet, or the
+// dialog itself.
+HWND OwningDialog(HWND control)
+{
+    for (HWND w = GetParent(control); w; w = GetParent(w)) {
+        if (IsClass(w, "#32770"))
+            return w;
+        if (!(GetWindowLongPtrA(w, GWL_STYLE) & WS_CHILD))
+            return w;
+    }
+    return nullptr;
+}
+
+HWND FirstDescendantOfClass(HWND root, const char* className)
+{
+    struct Search {
+        const char* name;
+        HWND found;
+    } search = {className, nullptr};
+    EnumChildWindows(
+        root,
+        [](HWND w, LPARAM p) -> BOOL {
+            auto* s = reinterpret_cast<Search*>(p);
+            if (IsClass(w, s->name)) {
+                s->found = w;
+                return FALSE;
+            }
+            return TRUE;
+        },
+        reinterpret_cast<LPARAM>(&search));
+    return search.found;
+}
+
+// A control a user can act on now; otherwise why not, for the retry.
+Result Usable(HWND target, int id, HWND* control)
+{
+    *control = nullptr;
+    if (!target)
+        return Retry("no window of this thread is up");
+    HWND c = DialogDriver::FindControl(target, id);
+    if (!c)
+        return Retry(Describe(target) + " has no control " + std::to_string(id));
+    if (!IsWindowVisible(c))
+        return Retry("control " + std::to_string(id) + " is hidden");
+    if (!IsWindowEnabled(c))
+        return Retry("control " + std::to_string(id) + " is disabled");
+    *control = c;
+    return Done();
+}
+
+void Notify(HWND control, WORD code)
+{
+    SendMessageA(GetParent(control), WM_COMMAND, MAKEWPARAM(GetDlgCtrlID(control), code),
+                 reinterpret_cast<LPARAM>(control));
+}
+
+// Presses a dialog's or sheet's button of this id as a user would: only
+// when it shows and is enabled.
+Result PressButton(HWND target, int id, int sheetButton, const char* label)
+{
+    if (!target)
+        return Retry("no window of this thread is up");
+    HWND button = GetDlgItem(target, id);
+    if (button && !IsWindowVisible(button))
+        return Retry(std::string("the ") + label + " button is hidden");
+    if (button && !IsWindowEnabled(button))
+        return Retry(std::string("the ") + label + " button is disabled");
+    if (DialogDriver::IsPropertySheet(target)) {
+        PropSheet_PressButton(target, sheetButton);
+        return Done();
+    }
+    if (button) {
+        SendMessageA(button, BM_CLICK, 0, 0);
+        return Done();
+    }
+    // Enter and Esc reach a dialog with no such button as this command.
+    if (id == IDOK || id == IDCANCEL) {
+        SendMessageA(target, WM_COMMAND, MAKEWPARAM(id, BN_CLICKED), 0);
+        return Done();
+    }
+    return Failure(Describe(target) + " has no " + label + " button");
+}
+
+// Lets the window paint and Wine hand the picture to the display.
+void Settle(HWND window)
+{
+    RedrawWindow(window, nullptr, nullptr,
+                 RDW_INVALIDATE | RDW_ERASE | RDW_FRAME | RDW_ALLCHILDREN | RDW_UPDATENOW);
+    ULONGLONG until = GetTickCount64() + 80;
+    MSG msg;
+    while (GetTickCount64() < until) {
+        while (PeekMessageA(&msg, nullptr, 0, 0, PM_REMOVE)) {
+            TranslateMessage(&msg);
+            DispatchMessageA(&msg);
+        }
+        MsgWaitForMultipleObjects(0, nullptr, FALSE, 10, QS_ALLINPUT);
+    }
+    GdiFlush();
+}
+
+std::wstring Wide(const std::string& text)
+{
+    int n = MultiByteToWideChar(CP_ACP, 0, text.c_str(), -1, nullptr, 0);
+    std::wstring out(n > 0 ? n - 1 : 0, L'\0');
+    if (n > 1)
+        MultiByteToWideChar(CP_ACP, 0, text.c_str(), -1, out.data(), n);
+    return out;
+}
+
+std::string HexResult(HRESULT hr)
+{
+    char text[16];
+    wsprintfA(text, "0x%08lX", static_cast<unsigned long>(hr));
+    return text;
+}
+
+template <class T>
+void Release(T*& p)
+{
+    if (p)
+        p->Release();
+    p = nullptr;
+}
+
+// Writes 24-bit top-down BGR rows as a PNG through WIC.
+bool WritePng(const std::string& path, UINT width, UINT height, UINT stride, BYTE* bits,
+              std::string* error)
+{
+    HRESULT init = CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED);
+    IWICImagingFactory* factory = nullptr;
+    IWICStream* stream = nullptr;
+    IWICBitmapEncoder* encoder = nullptr;
+    IWICBitmapFrameEncode* frame = nullptr;
+    std::string step = "CoCreateInstance(WICImagingFactory)";
+    HRESULT hr = CoCreateInstance(CLSID_WICImagingFactory, nullptr, CLSCTX_INPROC_SERVER,
+                                  IID_IWICImagingFactory, reinterpret_cast<void**>(&factory));
+    if (SUCCEEDED(hr)) {
+        step = "CreateStream";
+        hr = factory->CreateStream(&stream);
+    }
+    if (SUCCEEDED(hr)) {
+        step = "InitializeFromFilename";
+        hr = stream->InitializeFromFilename(Wide(path).c_str(), GENERIC_WRITE);
+    }
+    if (SUCCEEDED(hr)) {
+        step = "CreateEncoder(PNG)";
+        hr = factory->CreateEncoder(GUID_ContainerFormatPng, nullptr, &encoder);
+    }
+    if (SUCCEEDED(hr))
+        hr = encoder->Initialize(stream, WICBitmapEncoderNoCache);
+    if (SUCCEEDED(hr)) {
+        step = "CreateNewFrame";
+        hr = encoder->CreateNewFrame(&frame, nullptr);
+    }
+    if (SUCCEEDED(hr))
+        hr = frame->Initialize(nullptr);
+    if (SUCCEEDED(hr))
+        hr = frame->SetSize(width, height);
+    WICPixelFormatGUID format = GUID_WICPixelFormat24bppBGR;
+    if (SUCCEEDED(hr)) {
+        step = "SetPixelFormat";
+        hr = frame->SetPixelFormat(&format);
+        if (SUCCEEDED(hr) && !IsEqualGUID(format, GUID_WICPixelFormat24bppBGR))
+            hr = WINCODEC_ERR_UNSUPPORTEDPIXELFORMAT;
+    }
+    if (SUCCEEDED(hr)) {
+        step = "WritePixels";
+        hr = frame->WritePixels(height, stride, stride * height, bits);
+    }
+    if (SUCCEEDED(hr)) {
+        step = "Commit";
+        hr = frame->Commit();
+    }
+    if (SUCCEEDED(hr))
+        hr = encoder->Commit();
+    Release(frame);
+    Release(encoder);
+    Release(stream);
+    Release(factory);
+    if (SUCCEEDED(init))
+        CoUninitialize();
+    if (FAILED(hr) && error)
+        *error = step + " failed with " + HexResult(hr);
+    return SUCCEEDED(hr);
+}
+
+}  // namespace
+
+DialogDriver::DialogDriver() = default;
+
+DialogDriver::~DialogDriver()
+{
+    if (!steps_.empty())
+        ADD_FAILURE() << "dialog driver: steps were queued but never run (" << steps_.front().name << ", ...)";
+    if (g_running == this)
+        g_running = nullptr;
+}
+
+DialogDriver& DialogDriver::SetStepTimeout(DWORD ms)
+{
+    stepTimeout_ = ms;
+    return *this;
+}
+
+DialogDriver& DialogDriver::SetRunTimeout(DWORD ms)
+{
+    runTimeout_ = ms;
+    return *this;
+}
+
+DialogDriver& DialogDriver::Queue(std::string name, StepFn fn)
+{
+    QueuedStep step;
+    step.name = "step " + std::to_string(++stepNumber_) + " " + name;
+    step.fn = std::move(fn);
+    step.timeout = stepTimeout_;
+    steps_.push_back(std::move(step));
+    return *this;
+}
+
+// ---- finding windows ----
+
+std::vector<HWND> DialogDriver::ThreadWindows()
+{
+    std::vector<HWND> windows;
+    EnumThreadWindows(
+        GetCurrentThreadId(),
+        [](HWND w, LPARAM p) -> BOOL {
+            if (IsWindowVisible(w))
+                reinterpret_cast<std::vector<HWND>*>(p)->push_back(w);
+            return TRUE;
+        },
+        reinterpret_cast<LPARAM>(&windows));
+    return windows;
+}
+
+HWND DialogDriver::FindControl(HWND root, int id)
+{
+    // Wine's file dialog nests controls (a combo inside a combo inside the
+    // dialog, all of one id), and a sheet's controls sit on its pages, so
+    // the search goes through all descendants; a page that is not shown
+    // may hold a control of the same id, so a visible one wins.
+    struct Search {
+        int id;
+        HWND visible;
+        HWND any;
+    } search = {id, nullptr, nullptr};
+    EnumChildWindows(
+        root,
+        [](HWND w, LPARAM p) -> BOOL {
+            auto* s = reinterpret_cast<Search*>(p);
+            if (GetDlgCtrlID(w) != s->id)
+                return TRUE;
+            if (!s->any)
+                s->any = w;
+            if (IsWindowVisible(w)) {
+                s->visible = w;
+                return FALSE;
+            }
+            return TRUE;
+        },
+        reinterpret_cast<LPARAM>(&search));
+    return search.visible ? search.visible : search.any;
+}
+
+std::string DialogDriver::TextOf(HWND window)
+{
+    LRESULT length = SendMessageA(window, WM_GETTEXTLENGTH, 0, 0);
+    std::string text(static_cast<size_t>(length) + 1, '\0');
+    LRESULT got = SendMessageA(window, WM_GETTEXT, text.size(), reinterpret_cast<LPARAM>(text.data()));
+    text.resize(static_cast<size_t>(std::max<LRESULT>(got, 0)));
+    return text;
+}
+
+bool DialogDriver::IsPropertySheet(HWND window)
+{
+    // Only a sheet answers this message; any other dialog returns zero.
+    return IsClass(window, "#32770") && PropSheet_GetTabControl(window) != nullptr;
+}
+
+std::string DialogDriver::MessageBoxText(HWND box)
+{
+    std::string text;
+    EnumChildWindows(
+        box,
+        [](HWND w, LPARAM p) -> BOOL {
+            LONG_PTR style = GetWindowLongPtrA(w, GWL_STYLE);
+            if (IsClass(w, "Static") && (style & SS_TYPEMASK) != SS_ICON) {
+                auto* out = reinterpret_cast<std::string*>(p);
+                std::string part = TextOf(w);
+                if (!part.empty()) {
+                    if (!out->empty())
+                        *out += "\n";
+                    *out += part;
+                }
+            }
+            return TRUE;
+        },
+        reinterpret_cast<LPARAM>(&text));
+    return text;
+}
+
+HWND DialogDriver::Target()
+{
+    if (current_ && IsWindow(current_))
+        return current_;
+    for (HWND w : ThreadWindows()) {
+        if (!IsWindowEnabled(w) || (GetWindowLongPtrA(w, GWL_EXSTYLE) & WS_EX_TOOLWINDOW))
+            continue;
+        if (IsClass(w, "#32768"))  // a menu
+            continue;
+        return w;
+    }
+    return nullptr;
+}
+
+DialogDriver& DialogDriver::WaitWindow(const std::string& caption)
+{
+    return Queue("WaitWindow(" + Quote(caption) + ")", [caption](DialogDriver& d, HWND) {
+        for (HWND w : ThreadWindows()) {
+            if (TextOf(w) == caption) {
+                d.current_ = w;
+                return Done();
+            }
+        }
+        return Retry("no visible window of this thread has the caption " + Quote(caption));
+    });
+}
+
+DialogDriver& DialogDriver::WaitWindowClass(const std::string& className)
+{
+    return Queue("WaitWindowClass(" + Quote(className) + ")", [className](DialogDriver& d, HWND) {
+        for (HWND w : ThreadWindows()) {
+            if (IsClass(w, className.c_str())) {
+                d.current_ = w;
+                return Done();
+            }
+        }
+        return Retry("no visible window of this thread has the class " + Quote(className));
+    });
+}
+
+DialogDriver& DialogDriver::WaitControl(int id)
+{
+    return Queue("WaitControl(" + std::to_string(id) + ")", [id](DialogDriver&, HWND target) {
+        if (!target)
+            return Retry("no window of this thread is up");
+        HWND c = FindControl(target, id);
+        if (!c || !IsWindowVisible(c))
+            return Retry(Describe(target) + " shows no control " + std::to_string(id));
+        return Done();
+    });
+}
+
+// ---- acting on controls ----
+
+DialogDriver& DialogDriver::Type(int id, const std::string& text)
+{
+    return Queue("Type(" + std::to_string(id) + ", " + Quote(text) + ")",
+                 [id, text](DialogDriver&, HWND target) {
+        HWND control;
+        Result r = Usable(target, id, &control);
+        if (r.outcome != Outcome::Done)
+            return r;
+        // A combo box takes typing in the edit it holds.
+        HWND edit = IsClass(control, "Edit") ? control : FirstDescendantOfClass(control, "Edit");
+        if (!edit)
+            return Failure("control " + std::to_string(id) + " (" + ClassOf(control) + ") has no edit to type into");
+        if (GetWindowLongPtrA(edit, GWL_STYLE) & ES_READONLY)
+            return Retry("control " + std::to_string(id) + " is read-only");
+        // As a user: move the focus there (a dialog selects an edit's text
+        // when it gets the focus this way), select everything, then type
+        // each character, so that limits and filters of the edit apply
+        // and each keystroke raises its own EN_CHANGE.
+        if (HWND dialog = OwningDialog(control))
+            SendMessageA(dialog, WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(control), TRUE);
+        SendMessageA(edit, EM_SETSEL, 0, -1);
+        if (text.empty())
+            SendMessageA(edit, WM_CHAR, VK_BACK, 1);
+        for (char c : text)
+            SendMessageA(edit, WM_CHAR, static_cast<unsigned char>(c), 1);
+        return Done();
+    });
+}
+
+DialogDriver& DialogDriver::SetText(int id, const std::string& text)
+{
+    return Queue("SetText(" + std::to_string(id) + ", " + Quote(text) + ")",
+                 [id, text](DialogDriver&, HWND target) {
+        HWND control;
+        Result r = Usable(target, id, &control);
+        if (r.outcome == Outcome::Done)
+            SendMessageA(control, WM_SETTEXT, 0, reinterpret_cast<LPARAM>(text.c_str()));
+        return r;
+    });
+}
+
+DialogDriver& DialogDriver::Click(int id)
+{
+    return Queue("Click(" + std::to_string(id) + ")", [id](DialogDriver&, HWND target) {
+        HWND control;
+        Result r = Usable(target, id, &control);
+        if (r.outcome == Outcome::Done)
+            SendMessageA(control, BM_CLICK, 0, 0);
+        return r;
+    });
+}
+
+DialogDriver& DialogDriver::SetCheck(int id, bool checked)
+{
+    return Queue("SetCheck(" + std::to_string(id) + ", " + (checked ? "true" : "false") + ")",
+                 [id, checked](DialogDriver&, HWND target) {
+        HWND control;
+        Result r = Usable(target, id, &control);
+        if (r.outcome != Outcome::Done)
+            return r;
+        WPARAM want = checked ? BST_CHECKED : BST_UNCHECKED;
+        // A three-state box may need two clicks.
+        for (int i = 0; i < 3 && SendMessageA(control, BM_GETCHECK, 0, 0) != static_cast<LRESULT>(want); ++i)
+            SendMessageA(control, BM_CLICK, 0, 0);
+        if (SendMessageA(control, BM_GETCHECK, 0, 0) != static_cast<LRESULT>(want))
+            return Failure("clicking control " + std::to_string(id) + " does not change its check state");
+        return Done();
+    });
+}
+
+DialogDriver& DialogDriver::PickCombo(int id, int index)
+{
+    return Queue("PickCombo(" + std::to_string(id) + ", " + std::to_string(index) + ")",
+                 [id, index](DialogDriver&, HWND target) {
+        HWND control;
+        Result r = Usable(target, id, &control);
+        if (r.outcome != Outcome::Done)
+            return r;
+        LRESULT count = SendMessageA(control, CB_GETCOUNT, 0, 0);
+        if (index < 0 || index >= count)
+            return Retry("combo " + std::to_string(id) + " has " + std::to_string(count) + " entries");
+        SendMessageA(control, CB_SETCURSEL, index, 0);
+        // A pick with the mouse ends the drop-down with both of these.
+        Notify(control, CBN_SELENDOK);
+        Notify(control, CBN_SELCHANGE);
+        return Done();
+    });
+}
+
+DialogDriver& DialogDriver::PickCombo(int id, const std::string& text)
+{
+    return Queue("PickCombo(" + std::to_string(id) + ", " + Quote(text) + ")",
+                 [id, text](DialogDriver&, HWND target) {
+        HWND control;
+        Result r = Usable(target, id, &control);
+        if (r.outcome != Outcome::Done)
+            return r;
+        LRESULT index = SendMessageA(control, CB_FINDSTRINGEXACT, static_cast<WPARAM>(-1),
+                                     reinterpret_cast<LPARAM>(text.c_str()));
+        if (index == CB_ERR) {
+            std::string entries;
+            LRESULT count = SendMessageA(control, CB_GETCOUNT, 0, 0);
+            for (LRESULT i = 0; i < count; ++i) {
+                char item[256] = {};
+                if (SendMessageA(control, CB_GETLBTEXTLEN, i, 0) < static_cast<LRESULT>(sizeof item))
+                    SendMessageA(control, CB_GETLBTEXT, i, reinterpret_cast<LPARAM>(item));
+                entries += (i ? ", " : "") + Quote(item);
+            }
+            return Retry("combo " + std::to_string(id) + " has no entry " + Quote(text) + " (it has " +
+                         (entries.empty() ? "none" : entries) + ")");
+        }
+        SendMessageA(control, CB_SETCURSEL, index, 0);
+        Notify(control, CBN_SELENDOK);
+        Notify(control, CBN_SELCHANGE);
+        return Done();
+    });
+}
+
+DialogDriver& DialogDriver::PickList(int id, int index)
+{
+    return Queue("PickList(" + std::to_string(id) + ", " + std::to_string(index) + ")",
+                 [id, index](DialogDriver&, HWND target) {
+        HWND control;
+        Result r = Usable(target, id, &control);
+        if (r.outcome != Outcome::Done)
+            return r;
+        LRESULT count = SendMessageA(control, LB_GETCOUNT, 0, 0);
+        if (index < 0 || index >= count)
+            return Retry("list " + std::to_string(id) + " has " + std::to_string(count) + " entries");
+        LONG_PTR style = GetWindowLongPtrA(control, GWL_STYLE);
+        if (style & (LBS_MULTIPLESEL | LBS_EXTENDEDSEL)) {
+            SendMessageA(control, LB_SETSEL, FALSE, -1);
+            SendMessageA(control, LB_SETSEL, TRUE, index);
+        } else {
+            SendMessageA(control, LB_SETCURSEL, index, 0);
+        }
+        // A list box tells its dialog about a click only when asked to.
+        if (style & LBS_NOTIFY)
+            Notify(control, LBN_SELCHANGE);
+        return Done();
+    });
+}
+
+// ---- property sheets and buttons ----
+
+DialogDriver& DialogDriver::SelectTab(int index)
+{
+    return Queue("SelectTab(" + std::to_string(index) + ")", [index](DialogDriver&, HWND target) {
+        if (!target || !IsPropertySheet(target))
+            return Retry(Describe(target) + " is not a property sheet");
+        HWND tab = PropSheet_GetTabControl(target);
+        int count = TabCtrl_GetItemCount(tab);
+        if (index < 0 || index >= count)
+            return Failure("the sheet has " + std::to_string(count) + " pages");
+        // The page that is left gets PSN_KILLACTIVE and may refuse.
+        PropSheet_SetCurSel(target, nullptr, index);
+        return Done();
+    });
+}
+
+DialogDriver& DialogDriver::SelectTab(const std::string& title)
+{
+    return Queue("SelectTab(" + Quote(title) + ")", [title](DialogDriver&, HWND target) {
+        if (!target || !IsPropertySheet(target))
+            return Retry(Describe(target) + " is not a property sheet");
+        HWND tab = PropSheet_GetTabControl(target);
+        int count = TabCtrl_GetItemCount(tab);
+        std::string titles;
+        for (int i = 0; i < count; ++i) {
+            char text[256] = {};
+            TCITEMA item = {};
+            item.mask = TCIF_TEXT;
+            item.pszText = text;
+            item.cchTextMax = sizeof text;
+            SendMessageA(tab, TCM_GETITEMA, i, reinterpret_cast<LPARAM>(&item));
+            if (title == text) {
+                PropSheet_SetCurSel(target, nullptr, i);
+                return Done();
+            }
+            titles += (i ? ", " : "") + Quote(text);
+        }
+        return Retry("the sheet has no page " + Quote(title) + " (it has " + titles + ")");
+    });
+}
+
+DialogDriver& DialogDriver::PressOk()
+{
+    return Queue("PressOk()", [](DialogDriver&, HWND t) { return PressButton(t, IDOK, PSBTN_OK, "OK"); });
+}
+
+DialogDriver& DialogDriver::PressCancel()
+{
+    return Queue("PressCancel()",
+                 [](DialogDriver&, HWND t) { return PressButton(t, IDCANCEL, PSBTN_CANCEL, "Cancel"); });
+}
+
+DialogDriver& DialogDriver::PressHelp()
+{
+    return Queue("PressHelp()", [](DialogDriver&, HWND t) { return PressButton(t, IDHELP, PSBTN_HELP, "Help"); });
+}
+
+DialogDriver& DialogDriver::PressApply()
+{
+    // The sheet's Apply button has this id in every implementation.
+    constexpr int kApplyButton = 0x3021;
+    return Queue("PressApply()",
+                 [](DialogDriver&, HWND t) { return PressButton(t, kApplyButton, PSBTN_APPLYNOW, "Apply"); });
+}
+
+DialogDriver& DialogDriver::SendHelp(int id)
+{
+    return Queue("SendHelp(" + std::to_string(id) + ")", [id](DialogDriver&, HWND target) {
+        HWND control = target;
+        if (id != 0) {
+            Result r = Usable(target, id, &control);
+            if (r.outcome != Outcome::Done)
+                return r;
+        } else if (!target) {
+            return Retry("no window of this thread is up");
+        }
+        RECT rect;
+        GetWindowRect(control, &rect);
+        HELPINFO info = {};
+        info.cbSize = sizeof info;
+        info.iContextType = HELPINFO_WINDOW;
+        info.iCtrlId = GetDlgCtrlID(control);
+        info.hItemHandle = control;
+        info.dwContextId = GetWindowContextHelpId(control);
+        info.MousePos = {(rect.left + rect.right) / 2, (rect.top + rect.bottom) / 2};
+        // F1 sends it to the window with the focus; the default handling
+        // passes it up to the dialog.
+        SendMessageA(control, WM_HELP, 0, reinterpret_cast<LPARAM>(&info));
+        return Done();
+    });
+}
+
+DialogDriver& DialogDriver::ContextMenu(int id)
+{
+    return Queue("ContextMenu(" + std::to_string(id) + ")", [id](DialogDriver&, HWND target) {
+        HWND control;
+        Result r = Usable(target, id, &control);
+        if (r.outcome != Outcome::Done)
+            return r;
+        RECT rect;
+        GetWindowRect(control, &rect);
+        int x = (rect.left + rect.right) / 2;
+        int y = (rect.top + rect.bottom) / 2;
+        // A right click sends it to the control under the mouse, which
+        // passes it to its parent unless it has a menu of its own.
+        SendMessageA(control, WM_CONTEXTMENU, reinterpret_cast<WPARAM>(control), MAKELPARAM(x, y));
+        return Done();
+    });
+}
+
+DialogDriver& DialogDriver::AnswerMessageBox(int button, const std::string& textContains, std::string* textOut)
+{
+    std::string name = "AnswerMessageBox(" + std::to_string(button);
+    if (!textContains.empty())
+        name += ", " + Quote(textContains);
+    name += ")";
+    return Queue(name, [button, textContains, textOut](DialogDriver& d, HWND) {
+        std::string seen;
+        for (HWND w : ThreadWindows()) {
+            if (w == d.current_ || !IsClass(w, "#32770") || IsPropertySheet(w))
+                continue;
+            std::string text = MessageBoxText(w);
+            if (text.find(textContains) == std::string::npos) {
+                seen += (seen.empty() ? "" : ", ") + Quote(text);
+                continue;
+            }
+            HWND b = GetDlgItem(w, button);
+            if (!b)
+                return Failure("the message box " + Quote(text) + " has no button " + std::to_string(button));
+            if (textOut)
+                *textOut = text;
+            SendMessageA(b, BM_CLICK, 0, 0);
+            return Done();
+        }
+        return Retry(seen.empty() ? "no message box is up" : "the message boxes up say " + seen);
+    });
+}
+
+// ---- checks ----
+
+DialogDriver& DialogDriver::ExpectText(int id, const std::string& text)
+{
+    return Queue("ExpectText(" + std::to_string(id) + ", " + Quote(text) + ")",
+                 [id, text](DialogDriver&, HWND target) {
+        HWND c = target ? FindControl(target, id) : nullptr;
+        if (!c)
+            return Retry(Describe(target) + " has no control " + std::to_string(id));
+        EXPECT_EQ(TextOf(c), text) << "text of control " << id;
+        return Done();
+    });
+}
+
+DialogDriver& DialogDriver::ExpectChecked(int id, bool checked)
+{
+    return Queue("ExpectChecked(" + std::to_string(id) + ")", [id, checked](DialogDriver&, HWND target) {
+        HWND c = target ? FindControl(target, id) : nullptr;
+        if (!c)
+            return Retry(Describe(target) + " has no control " + std::to_string(id));
+        EXPECT_EQ(SendMessageA(c, BM_GETCHECK, 0, 0) == BST_CHECKED, checked) << "check state of control " << id;
+        return Done();
+    });
+}
+
+DialogDriver& DialogDriver::ExpectEnabled(int id, bool enabled)
+{
+    return Queue("ExpectEnabled(" + std::to_string(id) + ")", [id, enabled](DialogDriver&, HWND target) {
+        HWND c = target ? FindControl(target, id) : nullptr;
+        if (!c)
+            return Retry(Describe(target) + " has no control " + std::to_string(id));
+        EXPECT_EQ(IsWindowEnabled(c) != FALSE, enabled) << "enabled state of control " << id;
+        return Done();
+    });
+}
+
+DialogDriver& DialogDriver::ExpectPage(int index)
+{
+    return Queue("ExpectPage(" + std::to_string(index) + ")", [index](DialogDriver&, HWND target) {
+        if (!target || !IsPropertySheet(target))
+            return Retry(Describe(target) + " is not a property sheet");
+        EXPECT_EQ(TabCtrl_GetCurSel(PropSheet_GetTabControl(target)), index) << "current page of the sheet";
+        return Done();
+    });
+}
+
+// ---- screenshots ----
+
+std::string DialogDriver::GalleryPath(const std::string& name)
+{
+    char exe[MAX_PATH] = {};
+    GetModuleFileNameA(nullptr, exe, MAX_PATH);
+    std::string folder = exe;
+    folder.resize(folder.find_last_of("\\/") + 1);
+    folder += "..\\gallery";
+    char full[MAX_PATH] = {};
+    if (GetFullPathNameA(folder.c_str(), MAX_PATH, full, nullptr))
+        folder = full;
+    CreateDirectoryA(folder.c_str(), nullptr);
+    return folder + "\\" + name + ".png";
+}
+
+bool DialogDriver::SaveWindowPng(HWND window, const std::string& path, std::string* error)
+{
+    RECT rect;
+    if (!GetWindowRect(window, &rect)) {
+        if (error)
+            *error = "the window is gone";
+        return false;
+    }
+    int width = rect.right - rect.left;
+    int height = rect.bottom - rect.top;
+    if (width <= 0 || height <= 0) {
+        if (error)
+            *error = "the window has no area";
+        return false;
+    }
+    // Wine keeps each top-level window's picture, children included, in a
+    // surface of its own, and a window DC reads from it: another program's
+    // window on top (tests run side by side on one display) does not get
+    // into the picture as it would when reading the screen. PrintWindow
+    // draws a blank picture under Xvfb.
+    HDC source = GetWindowDC(window);
+    HDC memory = CreateCompatibleDC(source);
+    BITMAPINFO info = {};
+    info.bmiHeader.biSize = sizeof info.bmiHeader;
+    info.bmiHeader.biWidth = width;
+    info.bmiHeader.biHeight = -height;  // top-down rows, as WIC wants them
+    info.bmiHeader.biPlanes = 1;
+    info.bmiHeader.biBitCount = 24;
+    info.bmiHeader.biCompression = BI_RGB;
+    void* bits = nullptr;
+    HBITMAP dib = CreateDIBSection(source, &info, DIB_RGB_COLORS, &bits, nullptr, 0);
+    bool ok = dib != nullptr;
+    if (ok) {
+        HGDIOBJ old = SelectObject(memory, dib);
+        ok = BitBlt(memory, 0, 0, width, height, source, 0, 0, SRCCOPY);
+        GdiFlush();
+        SelectObject(memory, old);
+        if (!ok && error)
+            *error = "BitBlt from the window failed";
+    } else if (error) {
+        *error = "CreateDIBSection failed";
+    }
+    if (ok) {
+        UINT stride = (static_cast<UINT>(width) * 3 + 3) & ~3u;
+        ok = WritePng(path, width, height, stride, static_cast<BYTE*>(bits), error);
+    }
+    if (dib)
+        DeleteObject(dib);
+    DeleteDC(memory);
+    ReleaseDC(window, source);
+    return ok;
+}
+
+DialogDriver& DialogDriver::Screenshot(const std::string& name)
+{
+    return Queue("Screenshot(" + Quote(name) + ")", [name](DialogDriver& d, HWND target) {
+        if (!target)
+            return Retry("no window of this thread is up");
+        // With no window manager, Wine may draw the caption of the very
+        // first window of a process as inactive although the window is
+        // active; the picture shows what the user of a desktop would see.
+        if (GetActiveWindow() == target)
+            SendMessageA(target, WM_NCACTIVATE, TRUE, 0);
+        d.quiet_ = true;
+        Settle(target);
+        d.quiet_ = false;
+        std::string error;
+        if (!SaveWindowPng(target, GalleryPath(name), &error))
+            return Failure("screenshot of " + Describe(target) + ": " + error);
+        return Done();
+    });
+}
+
+// ---- free-form steps ----
+
+DialogDriver& DialogDriver::Do(std::function<void(HWND target)> action)
+{
+    return Queue("Do(...)", [action = std::move(action)](DialogDriver&, HWND target) {
+        if (!target)
+            return Retry("no window of this thread is up");
+        action(target);
+        return Done();
+    });
+}
+
+DialogDriver& DialogDriver::Step(std::string name, StepFn step)
+{
+    return Queue(std::move(name), std::move(step));
+}
+
+DialogDriver& DialogDriver::Pause(DWORD ms)
+{
+    Queue("Pause(" + std::to_string(ms) + ")", [ms, start = ULONGLONG(0)](DialogDriver&, HWND) mutable {
+        ULONGLONG now = GetTickCount64();
+        if (!start)
+            start = now;
+        return now - start >= ms ? Done() : Retry("pausing");
+    });
+    steps_.back().timeout = ms + stepTimeout_;
+    return *this;
+}
+
+// ---- running ----
+
+void DialogDriver::Fail(const std::string& message)
+{
+    failures_.push_back(message);
+    ADD_FAILURE() << "dialog driver: " << message;
+    aborting_ = true;
+    steps_.clear();
+}
+
+void DialogDriver::DismissOne()
+{
+    std::vector<HWND> windows = ThreadWindows();
+    if (windows.empty())
+        return;
+    HWND w = windows.front();
+    ULONGLONG now = GetTickCount64();
+    auto found = dismissing_.find(w);
+    if (found == dismissing_.end()) {
+        dismissing_[w] = now;
+        if (IsClass(w, "#32768"))
+            EndMenu();
+        else if (IsPropertySheet(w))
+            PropSheet_PressButton(w, PSBTN_CANCEL);
+        else if (IsClass(w, "#32770"))
+            PostMessageA(w, WM_COMMAND, MAKEWPARAM(IDCANCEL, BN_CLICKED), 0);
+        else
+            PostMessageA(w, WM_CLOSE, 0, 0);
+        return;
+    }
+    ULONGLONG waited = now - found->second;
+    if (waited >= kForceMs) {
+        DestroyWindow(w);
+    } else if (waited >= kPoliteMs && IsClass(w, "#32770") && !IsPropertySheet(w)) {
+        EndDialog(w, IDCANCEL);
+    }
+}
+
+void DialogDriver::DismissLeftovers()
+{
+    ULONGLONG until = GetTickCount64() + 2000;
+    while (GetTickCount64() < until && !ThreadWindows().empty()) {
+        DismissOne();
+        MSG msg;
+        while (PeekMessageA(&msg, nullptr, 0, 0, PM_REMOVE)) {
+            TranslateMessage(&msg);
+            DispatchMessageA(&msg);
+        }
+        MsgWaitForMultipleObjects(0, nullptr, FALSE, kTickMs, QS_ALLINPUT);
+    }
+    dismissing_.clear();
+}
+
+void CALLBACK DialogDriver::OnTimer(HWND, UINT, UINT_PTR, DWORD)
+{
+    if (g_running)
+        g_running->Tick();
+}
+
+void DialogDriver::Tick()
+{
+    if (quiet_)
+        return;
+    if (aborting_) {
+        DismissOne();
+        return;
+    }
+    ULONGLONG now = GetTickCount64();
+    if (now - runStart_ > runTimeout_) {
+        std::string next = steps_.empty() ? std::string("none") : steps_.front().name;
+        Fail("the run did not end within " + std::to_string(runTimeout_) + " ms (next step: " + next + ")");
+        return;
+    }
+    if (steps_.empty()) {
+        if (!idleSince_) {
+            idleSince_ = now;
+        } else if (now - idleSince_ > stepTimeout_) {
+            std::string up;
+            for (HWND w : ThreadWindows())
+                up += (up.empty() ? "" : ", ") + Describe(w);
+            Fail("still up " + std::to_string(stepTimeout_) + " ms after the last step: " + up);
+        }
+        return;
+    }
+    idleSince_ = 0;
+    // Taken off the queue before it runs: a step that opens a nested modal
+    // loop (a click that shows a message box) lets the next step run in it.
+    QueuedStep step = std::move(steps_.front());
+    steps_.pop_front();
+    if (!step.firstTry)
+        step.firstTry = now;
+    Result result;
+    try {
+        result = step.fn(*this, Target());
+    } catch (const std::exception& e) {
+        result = Failure(std::string("threw ") + e.what());
+    } catch (...) {
+        result = Failure("threw");
+    }
+    switch (result.outcome) {
+    case Outcome::Done:
+        break;
+    case Outcome::Retry:
+        if (aborting_)
+            break;
+        if (GetTickCount64() - step.firstTry >= step.timeout) {
+            Fail(step.name + " did not succeed within " + std::to_string(step.timeout) + " ms: " + result.why);
+            break;
+        }
+        steps_.push_front(std::move(step));
+        break;
+    case Outcome::Fail:
+        Fail(step.name + " failed: " + result.why);
+        break;
+    }
+}
+
+INT_PTR DialogDriver::Run(const std::function<INT_PTR()>& entry)
+{
+    if (g_running) {
+        ADD_FAILURE() << "dialog driver: Run called while another run is going on";
+        return entry();
+    }
+    g_running = this;
+    runStart_ = GetTickCount64();
+    idleSince_ = 0;
+    aborting_ = false;
+    dismissing_.clear();
+    UINT_PTR timer = SetTimer(nullptr, 0, kTickMs, &DialogDriver::OnTimer);
+    INT_PTR result = entry();
+    KillTimer(nullptr, timer);
+    g_running = nullptr;
+    if (!steps_.empty()) {
+        std::string left;
+        for (const QueuedStep& s : steps_)
+            left += (left.empty() ? "" : ", ") + s.name;
+        failures_.push_back("the modal entry returned with steps still queued: " + left);
+        ADD_FAILURE() << "dialog driver: " << failures_.back();
+        steps_.clear();
+    }
+    DismissLeftovers();
+    current_ = nullptr;
+    return result;
+}
+
+}  // namespace zvtest
