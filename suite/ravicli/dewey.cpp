@@ -2,11 +2,14 @@
 // each operation to the pixel kernels (raster) or to a rewritten metafile
 // (vector). An operation works on a copy and commits it only when it
 // succeeded, so a failure leaves the document as it was.
+#include <algorithm>
 #include <cmath>
+#include <cstdlib>
 #include <cstring>
 #include <functional>
 
 #include "engine_state.h"
+#include "okaio32.h"
 #include "portable/raster_kernels.h"
 
 namespace ravi {
@@ -329,10 +332,22 @@ short Dewey::Vectorize(short, short, short, short, short, short)
 
 short Dewey::RefreshOptions(const char* path)
 {
-    // The options of a conversion are read when a file is written; until
-    // then the document only remembers where they stand.
     if (!path) return ravi::kEngineBadArgument;
-    lstrcpynA(louie->state->optionsPath, path, sizeof louie->state->optionsPath);
+    TagSet options;
+    short code = options.SetPath(path, 1);
+    if (code != 0) return code;
+    LouieState& state = *louie->state;
+    lstrcpynA(state.optionsPath, path, sizeof state.optionsPath);
+
+    // "JPGQ" is a quality factor from 2 (best) to 255 (smallest file); the
+    // imaging component takes a quality from 0 to 1 the other way round.
+    state.jpegQuality = -1.0f;
+    const char* q = options.Get("JPGQ");
+    if (q && *q) {
+        long factor = std::strtol(q, nullptr, 10);
+        factor = std::clamp(factor, 2L, 255L);
+        state.jpegQuality = 1.0f - float(factor - 2) / 253.0f;
+    }
     return 0;
 }
 
@@ -366,7 +381,7 @@ short Dewey::Save(const char* path)
     if (!path || !*path) return ravi::kEngineBadArgument;
     const LouieState& state = *louie->state;
     if (state.raster.Empty() && !state.emf) return ravi::kEngineNoImage;
-    return ravi::WriteImageFile(path, state.raster, state.emf);
+    return ravi::WriteImageFile(path, state.raster, state.emf, state.jpegQuality);
 }
 
 short Dewey::CreateRaster(long width, long height, short bits)
