@@ -41,6 +41,13 @@ constexpr short kEngineNothingToUndo = kRavicliNothingToUndo;
 constexpr short kEngineNotAvailable = kRavicliNotAvailable;
 constexpr short kEngineNoWindow = kRavicliNoWindow;
 
+// A document whose engine object or state could not be allocated answers
+// every call with kEngineNoMemory instead of touching them.
+inline bool HasState(const Dewey* document)
+{
+    return document && document->louie && document->louie->state;
+}
+
 // --- sections (section.cpp) ---
 // Puts bytes into the document's section, making a new one when there is
 // none or the present one is too small.
