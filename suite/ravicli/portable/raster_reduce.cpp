@@ -420,7 +420,7 @@ short ReduceToPalette(Image& image, const ReduceParams& params)
         pal = MedianCut(h, int(std::max(2L, n)));
     }
     Image out;
-    short rc = MakeImage(image.Width(), image.Height(), outBits, &out);
+    short rc = MakeImage(image.Width(), image.Height(), outBits, &out, false);
     if (rc != kEngineOk)
         return rc;
     CopyResolution(image, out);
@@ -463,7 +463,7 @@ short ReduceChannels(Image& image, const ReduceParams& params)
         }
     }
     Image out;
-    short rc = MakeImage(image.Width(), image.Height(), 24, &out);
+    short rc = MakeImage(image.Width(), image.Height(), 24, &out, false);
     if (rc != kEngineOk)
         return rc;
     CopyResolution(image, out);
