@@ -124,3 +124,24 @@ ZVOPT32_API unsigned short GetSrcDlgId(const char* srcExt, DLGPROC* dlgProc, sho
 ZVOPT32_API void ShowContextHelp(UINT message, WPARAM wParam, LPARAM lParam);
 
 }  // extern "C"
+
+// ---- The save road: the save dialog and the dialogs it opens.
+extern "C" {
+
+// Asks where to write an image and in which format. path (516 bytes) holds
+// a start path or "", and gets the accepted path. srcExt null means "BMP";
+// "CAP" and "TWN" offer raster formats only. A title of "Browse" shows the
+// plain system dialog. srcType 0 takes the type from the registry. Non-zero
+// when a path was accepted.
+ZVOPT32_API int DoSaveDlg(HWND owner, TagSet* tags, char* appTitle, char* helpFile, OKAMOD* formats, char* srcExt,
+                          char* path, char* customList, char* title, Dewey* image, short srcType);
+// The same for a host with neither tags nor format registry of its own.
+ZVOPT32_API int OkaSaveDlg(HWND owner, char* name, char* helpFile, char* path, char* title);
+
+// Dialog 225 (the receiving program), 219 (a custom TIFF flavour's name) and
+// 223 (what a metafile made from a raster image holds).
+ZVOPT32_API INT_PTR CALLBACK TargetAppDlgProc(HWND dialog, UINT message, WPARAM wParam, LPARAM lParam);
+ZVOPT32_API INT_PTR CALLBACK TiffAppDlgProc(HWND dialog, UINT message, WPARAM wParam, LPARAM lParam);
+ZVOPT32_API INT_PTR CALLBACK ForceToRasterDlgProc(HWND dialog, UINT message, WPARAM wParam, LPARAM lParam);
+
+}  // extern "C"

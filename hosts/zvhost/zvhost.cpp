@@ -10,6 +10,8 @@
 #include <cstring>
 #include <iterator>
 
+#include "save_road.h"
+
 namespace {
 
 const char kWindowClass[] = "ZvHostWindow";
@@ -51,7 +53,19 @@ LRESULT CALLBACK HostWindowProc(HWND window, UINT message, WPARAM wParam, LPARAM
             PostMessageA(window, WM_CLOSE, 0, 0);
         }
         return 0;
+    case WM_COMMAND:
+        if (OnFileCommand(window, LOWORD(wParam)))
+            return 0;
+        break;
+    case WM_PAINT: {
+        PAINTSTRUCT paint;
+        HDC dc = BeginPaint(window, &paint);
+        PaintImage(window, dc);
+        EndPaint(window, &paint);
+        return 0;
+    }
     case WM_DESTROY:
+        CloseFileMenu();
         PostQuitMessage(0);
         return 0;
     }
@@ -85,6 +99,7 @@ int WINAPI WinMain(HINSTANCE instance, HINSTANCE, LPSTR commandLine, int show)
                                 CW_USEDEFAULT, 800, 600, nullptr, nullptr, instance, nullptr);
     if (!window)
         return 1;
+    AddFileMenu(window);
     ShowWindow(window, show);
     UpdateWindow(window);
     std::printf("window \"%s\" shown\n", kTitle);

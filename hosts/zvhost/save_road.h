@@ -1,0 +1,14 @@
+// The host's File menu: open an image, save it as another file through the
+// library's save dialog, and convert it with the options that were chosen.
+#pragma once
+
+#include <windows.h>
+
+// Adds "Open..." and "Save As..." to the window's menu bar.
+void AddFileMenu(HWND window);
+// Handles a command of that menu; false for any other command.
+bool OnFileCommand(HWND window, WORD command);
+// Paints the image in hand, if any, into the client area.
+void PaintImage(HWND window, HDC dc);
+// Frees the image and the tags.
+void CloseFileMenu();
