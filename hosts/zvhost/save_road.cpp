@@ -1,5 +1,7 @@
 #include "save_road.h"
 
+#include <commdlg.h>
+
 #include <cstdio>
 #include <algorithm>
 #include <cstring>

@@ -76,6 +76,7 @@ private:
 
 TEST(TargetApp, BothTablesListInTheirOwnOrder)
 {
+    {
     SaveRoad road;
     road.Prime("PCX", 1);
     DialogDriver d;
@@ -90,6 +91,7 @@ TEST(TargetApp, BothTablesListInTheirOwnOrder)
     d.Screenshot("target_application").PressCancel();
     EXPECT_EQ(RunDialog(d, 225, TargetAppDlgProc), 0);
     EXPECT_FALSE(d.Failed());
+    }
 
     SaveRoad vector;
     vector.Prime("CGM", 2);
