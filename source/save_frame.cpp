@@ -323,6 +323,29 @@ void UnwatchNameCombo()
     g_nameComboProc = nullptr;
 }
 
+// The child template is laid out for the narrow dialog of older systems;
+// where the system dialog is wider, the two buttons line up under its own
+// column of buttons, as a user expects.
+void AlignButtons(HWND frame, HWND child)
+{
+    HWND ok = GetDlgItem(frame, IDOK);
+    RECT okRect, childRect;
+    if (ok == nullptr || !GetWindowRect(ok, &okRect) || !GetClientRect(child, &childRect))
+        return;
+    MapWindowPoints(nullptr, child, reinterpret_cast<POINT*>(&okRect), 2);
+    static const int kButtons[] = {IDC_SAVE_OPTIONS, IDC_SAVE_TARGETAPP};
+    for (int id : kButtons) {
+        HWND button = GetDlgItem(child, id);
+        RECT r;
+        if (button == nullptr || !GetWindowRect(button, &r))
+            continue;
+        MapWindowPoints(nullptr, child, reinterpret_cast<POINT*>(&r), 2);
+        int width = r.right - r.left;
+        if (okRect.right > width && okRect.right <= childRect.right && okRect.right > r.right)
+            SetWindowPos(button, nullptr, okRect.right - width, r.top, 0, 0, SWP_NOSIZE | SWP_NOZORDER);
+    }
+}
+
 void OnInitDone(HWND child)
 {
     OptionContext* options = Options();
@@ -340,6 +363,7 @@ void OnInitDone(HWND child)
         DestroyWindow(box);
     }
     EnableWindow(GetDlgItem(child, IDC_SAVE_OPTIONS), TRUE);
+    AlignButtons(frame, child);
     SetForegroundWindow(frame);
 }
 
