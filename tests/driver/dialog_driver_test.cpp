@@ -233,7 +233,7 @@ TEST(DialogDriver, WaitForAWindowThatNeverComesFailsWithinItsBound)
     ULONGLONG start = GetTickCount64();
     EXPECT_NONFATAL_FAILURE(result = d.Run(ShowDialog),
                             "step 1 WaitWindow(\"Never Shown\") did not succeed within 300 ms");
-    EXPECT_LT(GetTickCount64() - start, 2000u);
+    EXPECT_LT(GetTickCount64() - start, 4000u);  // well inside the default bound of 5 s
     EXPECT_EQ(result, IDCANCEL);
     EXPECT_EQ(d.Failures().size(), 1u);
     EXPECT_TRUE(DialogDriver::ThreadWindows().empty());
@@ -246,10 +246,21 @@ TEST(DialogDriver, UnansweredMessageBoxIsClosedWithItsDialog)
     INT_PTR result = 0;
     ULONGLONG start = GetTickCount64();
     EXPECT_NONFATAL_FAILURE(result = d.Run(ShowDialog), "still up 300 ms after the last step");
-    EXPECT_LT(GetTickCount64() - start, 3000u);
+    EXPECT_LT(GetTickCount64() - start, 4000u);  // well inside the default bound of 5 s
     EXPECT_EQ(result, IDCANCEL);
     EXPECT_NE(g_seen.askAnswer, 0);
     EXPECT_TRUE(DialogDriver::ThreadWindows().empty());
+}
+
+TEST(DialogDriver, RunThatOutlastsItsBoundIsEnded)
+{
+    DialogDriver d;
+    d.SetRunTimeout(400).Pause(3000).PressOk();
+    INT_PTR result = 0;
+    ULONGLONG start = GetTickCount64();
+    EXPECT_NONFATAL_FAILURE(result = d.Run(ShowDialog), "did not end within 400 ms (next step: step 1 Pause(3000))");
+    EXPECT_LT(GetTickCount64() - start, 4000u);  // well inside the default bound of 5 s
+    EXPECT_EQ(result, IDCANCEL);
 }
 
 TEST(DialogDriver, StepsLeftWhenTheDialogEndsAreAFailure)

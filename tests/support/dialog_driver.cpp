@@ -246,6 +246,8 @@ DialogDriver::DialogDriver() = default;
 
 DialogDriver::~DialogDriver()
 {
+    if (!steps_.empty())
+        ADD_FAILURE() << "dialog driver: steps were queued but never run (" << steps_.front().name << ", ...)";
     if (g_running == this)
         g_running = nullptr;
 }
@@ -767,10 +769,13 @@ bool DialogDriver::SaveWindowPng(HWND window, const std::string& path, std::stri
             *error = "the window has no area";
         return false;
     }
-    // Under Xvfb only the screen holds the finished picture: PrintWindow
-    // draws a blank one there.
-    HDC screen = GetDC(nullptr);
-    HDC memory = CreateCompatibleDC(screen);
+    // Wine keeps each top-level window's picture, children included, in a
+    // surface of its own, and a window DC reads from it: another program's
+    // window on top (tests run side by side on one display) does not get
+    // into the picture as it would when reading the screen. PrintWindow
+    // draws a blank picture under Xvfb.
+    HDC source = GetWindowDC(window);
+    HDC memory = CreateCompatibleDC(source);
     BITMAPINFO info = {};
     info.bmiHeader.biSize = sizeof info.bmiHeader;
     info.bmiHeader.biWidth = width;
@@ -779,15 +784,15 @@ bool DialogDriver::SaveWindowPng(HWND window, const std::string& path, std::stri
     info.bmiHeader.biBitCount = 24;
     info.bmiHeader.biCompression = BI_RGB;
     void* bits = nullptr;
-    HBITMAP dib = CreateDIBSection(screen, &info, DIB_RGB_COLORS, &bits, nullptr, 0);
+    HBITMAP dib = CreateDIBSection(source, &info, DIB_RGB_COLORS, &bits, nullptr, 0);
     bool ok = dib != nullptr;
     if (ok) {
         HGDIOBJ old = SelectObject(memory, dib);
-        ok = BitBlt(memory, 0, 0, width, height, screen, rect.left, rect.top, SRCCOPY | CAPTUREBLT);
+        ok = BitBlt(memory, 0, 0, width, height, source, 0, 0, SRCCOPY);
         GdiFlush();
         SelectObject(memory, old);
         if (!ok && error)
-            *error = "BitBlt from the screen failed";
+            *error = "BitBlt from the window failed";
     } else if (error) {
         *error = "CreateDIBSection failed";
     }
@@ -798,7 +803,7 @@ bool DialogDriver::SaveWindowPng(HWND window, const std::string& path, std::stri
     if (dib)
         DeleteObject(dib);
     DeleteDC(memory);
-    ReleaseDC(nullptr, screen);
+    ReleaseDC(window, source);
     return ok;
 }
 
@@ -807,8 +812,11 @@ DialogDriver& DialogDriver::Screenshot(const std::string& name)
     return Queue("Screenshot(" + Quote(name) + ")", [name](DialogDriver& d, HWND target) {
         if (!target)
             return Retry("no window of this thread is up");
-        // Bring it to the top so that nothing else on the display covers it.
-        SetWindowPos(target, HWND_TOP, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
+        // With no window manager, Wine may draw the caption of the very
+        // first window of a process as inactive although the window is
+        // active; the picture shows what the user of a desktop would see.
+        if (GetActiveWindow() == target)
+            SendMessageA(target, WM_NCACTIVATE, TRUE, 0);
         d.quiet_ = true;
         Settle(target);
         d.quiet_ = false;

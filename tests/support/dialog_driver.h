@@ -85,9 +85,11 @@ public:
     DialogDriver& SendHelp(int id = 0);
     DialogDriver& ContextMenu(int id);
 
-    // Waits for a message box (a dialog of this thread other than the
-    // target) whose text contains `textContains`, stores its text in
-    // *textOut, and presses the button `button` (IDOK, IDYES, ...).
+    // Waits for a message box whose text contains `textContains`, stores
+    // its text in *textOut, and presses the button `button` (IDOK, IDYES,
+    // ...). A message box is any dialog of this thread other than a sheet
+    // and the window WaitWindow chose, topmost first: pick the dialog with
+    // WaitWindow, or give a text, so that the dialog is not taken for one.
     DialogDriver& AnswerMessageBox(int button, const std::string& textContains = {},
                                    std::string* textOut = nullptr);
 
