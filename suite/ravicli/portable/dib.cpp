@@ -91,17 +91,25 @@ short ReadDibHeader(const uint8_t* data, size_t size, DibLayout* out, DibHeader*
     return kEngineOk;
 }
 
-short MakeImage(int32_t width, int32_t height, int bits, Image* out)
+short MakeImage(int32_t width, int32_t height, int bits, Image* out, bool clear)
 {
     DibLayout l;
     short rc = ComputeDibLayout(width, height, bits, &l);
     if (rc != kEngineOk)
         return rc;
-    std::vector<uint8_t> bytes;
+    std::vector<uint8_t, UninitAllocator<uint8_t>> bytes;
     try {
-        bytes.assign(l.totalBytes, 0);
+        bytes.resize(l.totalBytes);
     } catch (...) {
         return kEngineNoMemory;
+    }
+    std::memset(bytes.data(), 0, l.pixelOffset);
+    if (clear) {
+        std::memset(bytes.data() + l.pixelOffset, 0, l.totalBytes - l.pixelOffset);
+    } else {
+        const size_t used = (size_t(width) * size_t(bits) + 7) / 8;
+        for (int32_t y = 0; y < height; ++y)
+            std::memset(bytes.data() + l.pixelOffset + size_t(y) * l.stride + used, 0, l.stride - used);
     }
     DibHeader h{};
     h.size = sizeof(DibHeader);

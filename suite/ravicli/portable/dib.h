@@ -9,9 +9,35 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <memory>
+#include <new>
+#include <utility>
 #include <vector>
 
 namespace ravi {
+
+// An allocator that leaves new bytes as they come, so that an operation
+// that writes every pixel of a new image does not pay for clearing it first.
+template <class T>
+struct UninitAllocator : std::allocator<T> {
+    template <class U>
+    struct rebind {
+        using other = UninitAllocator<U>;
+    };
+    UninitAllocator() = default;
+    template <class U>
+    UninitAllocator(const UninitAllocator<U>&) noexcept {}
+    template <class U>
+    void construct(U* p) noexcept
+    {
+        ::new (static_cast<void*>(p)) U;
+    }
+    template <class U, class... Args>
+    void construct(U* p, Args&&... args)
+    {
+        ::new (static_cast<void*>(p)) U(std::forward<Args>(args)...);
+    }
+};
 
 // Same layout as the platform's BITMAPINFOHEADER; little-endian fields.
 struct DibHeader {
@@ -99,18 +125,20 @@ public:
     uint32_t PixelValue(int32_t x, int32_t y) const;
     void SetPixelValue(int32_t x, int32_t y, uint32_t value);
 
-    friend short MakeImage(int32_t, int32_t, int, Image*);
+    friend short MakeImage(int32_t, int32_t, int, Image*, bool);
     friend short ImageFromDib(const uint8_t*, size_t, Image*);
 
 private:
-    std::vector<uint8_t> bytes_;
+    std::vector<uint8_t, UninitAllocator<uint8_t>> bytes_;
     DibLayout layout_;
 };
 
 // A new image, pixels 0, with the default table of its depth: black and
 // white for 1 bit, the 16 standard colours for 4, a grey ramp for 8.
-// Resolution copied from nothing (0). Gives 0 or an engine code.
-short MakeImage(int32_t width, int32_t height, int bits, Image* out);
+// Resolution 0. Gives 0 or an engine code. With `clear` false the pixels
+// are left as the memory holds them, for an operation that writes every
+// pixel byte at once; the padding at the end of each row is cleared anyway.
+short MakeImage(int32_t width, int32_t height, int bits, Image* out, bool clear = true);
 
 // A checked copy of a DIB held in a buffer (for example a mapped section).
 short ImageFromDib(const uint8_t* data, size_t size, Image* out);

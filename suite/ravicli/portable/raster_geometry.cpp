@@ -64,7 +64,7 @@ void TurnQuarterBytes(const Image& src, Image& dst, int quarters)
 short TurnQuarter(Image& image, int quarters)
 {
     Image dst;
-    short rc = MakeImage(image.Height(), image.Width(), image.Bits(), &dst);
+    short rc = MakeImage(image.Height(), image.Width(), image.Bits(), &dst, image.Bits() < 8);
     if (rc != kEngineOk)
         return rc;
     std::memcpy(dst.Table(), image.Table(), image.Colors() * sizeof(RgbQuad));
@@ -186,7 +186,7 @@ short TurnAny(Image& image, int angle, uint32_t background)
     int32_t W = 0, H = 0;
     RotatedSize(image.Width(), image.Height(), angle, &W, &H);
     Image dst;
-    short rc = MakeImage(W, H, image.Bits(), &dst);
+    short rc = MakeImage(W, H, image.Bits(), &dst, false);
     if (rc != kEngineOk)
         return rc;
     CopyResolution(image, dst);
@@ -410,7 +410,7 @@ short Resize(Image& image, int32_t width, int32_t height, int smooth)
             return rc;
     }
     Image dst;
-    rc = MakeImage(width, height, image.Bits(), &dst);
+    rc = MakeImage(width, height, image.Bits(), &dst, image.Bits() < 8 && !smooth);
     if (rc != kEngineOk)
         return rc;
     CopyResolution(image, dst);

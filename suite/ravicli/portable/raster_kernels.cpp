@@ -11,7 +11,7 @@ namespace ravi {
 short ToTrueColor(const Image& src, int bits, Image* out)
 {
     Image dst;
-    short rc = MakeImage(src.Width(), src.Height(), bits, &dst);
+    short rc = MakeImage(src.Width(), src.Height(), bits, &dst, false);
     if (rc != kEngineOk)
         return rc;
     CopyResolution(src, dst);
@@ -31,6 +31,8 @@ short ToTrueColor(const Image& src, int bits, Image* out)
                     d[0] = s[0];
                     d[1] = s[1];
                     d[2] = s[2];
+                    if (outB == 4)
+                        d[3] = 0;
                 }
             }
             break;
@@ -41,6 +43,8 @@ short ToTrueColor(const Image& src, int bits, Image* out)
                 d[0] = q.blue;
                 d[1] = q.green;
                 d[2] = q.red;
+                if (outB == 4)
+                    d[3] = 0;
             }
             break;
         }
@@ -189,7 +193,7 @@ short Grayize(Image& image)
         return kEngineOk;
     }
     Image grey;
-    rc = MakeImage(image.Width(), image.Height(), 8, &grey);
+    rc = MakeImage(image.Width(), image.Height(), 8, &grey, false);
     if (rc != kEngineOk)
         return rc;
     CopyResolution(image, grey);
@@ -210,7 +214,7 @@ short Blackize(Image& image)
     if (rc != kEngineOk)
         return rc;
     Image bw;
-    rc = MakeImage(image.Width(), image.Height(), 1, &bw);
+    rc = MakeImage(image.Width(), image.Height(), 1, &bw, false);
     if (rc != kEngineOk)
         return rc;
     CopyResolution(image, bw);
@@ -366,7 +370,7 @@ short ConvertDepth(Image& image, int bits)
     if (image.Bits() < bits) {
         // A smaller palette fits in a larger one: same indices, same colours.
         Image out;
-        rc = MakeImage(image.Width(), image.Height(), bits, &out);
+        rc = MakeImage(image.Width(), image.Height(), bits, &out, false);
         if (rc != kEngineOk)
             return rc;
         CopyResolution(image, out);

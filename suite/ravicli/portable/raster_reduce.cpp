@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 #include <cstring>
+#include <memory>
 #include <vector>
 
 #include "raster_internal.h"
@@ -85,6 +86,7 @@ Palette FixedPalette(int n)
 struct Box {
     int lo[3], hi[3];  // inclusive, in 5-bit units
     uint64_t pixels;
+    uint64_t marginal[3][32];  // pixels of the box by each channel's value
 };
 
 constexpr int kCells = 32 * 32 * 32;
@@ -95,10 +97,12 @@ struct Histogram {
     std::vector<uint64_t> sum = std::vector<uint64_t>(size_t(kCells) * 3);
 };
 
-void ShrinkBox(const Histogram& h, Box& b)
+// One pass over the box: its pixels, its tight bounds and its marginals.
+void MeasureBox(const Histogram& h, Box& b)
 {
     int lo[3] = {31, 31, 31}, hi[3] = {0, 0, 0};
     uint64_t pixels = 0;
+    std::memset(b.marginal, 0, sizeof b.marginal);
     for (int r = b.lo[0]; r <= b.hi[0]; ++r)
         for (int g = b.lo[1]; g <= b.hi[1]; ++g)
             for (int bl = b.lo[2]; bl <= b.hi[2]; ++bl) {
@@ -110,6 +114,7 @@ void ShrinkBox(const Histogram& h, Box& b)
                 for (int k = 0; k < 3; ++k) {
                     lo[k] = std::min(lo[k], v[k]);
                     hi[k] = std::max(hi[k], v[k]);
+                    b.marginal[k][v[k]] += c;
                 }
             }
     b.pixels = pixels;
@@ -121,24 +126,11 @@ void ShrinkBox(const Histogram& h, Box& b)
     }
 }
 
-// Pixels of the box in the slice `axis` == v.
-uint64_t SliceCount(const Histogram& h, const Box& b, int axis, int v)
-{
-    int lo[3] = {b.lo[0], b.lo[1], b.lo[2]}, hi[3] = {b.hi[0], b.hi[1], b.hi[2]};
-    lo[axis] = hi[axis] = v;
-    uint64_t n = 0;
-    for (int r = lo[0]; r <= hi[0]; ++r)
-        for (int g = lo[1]; g <= hi[1]; ++g)
-            for (int bl = lo[2]; bl <= hi[2]; ++bl)
-                n += h.count[size_t(CellOf(r, g, bl))];
-    return n;
-}
-
 Palette MedianCut(const Histogram& h, int n)
 {
     std::vector<Box> boxes;
-    Box all{{0, 0, 0}, {31, 31, 31}, 0};
-    ShrinkBox(h, all);
+    Box all{{0, 0, 0}, {31, 31, 31}, 0, {}};
+    MeasureBox(h, all);
     boxes.push_back(all);
     while (int(boxes.size()) < n) {
         // Split the box with the most pixels times its longest side.
@@ -163,7 +155,7 @@ Palette MedianCut(const Histogram& h, int n)
         uint64_t below = 0;
         int cut = b.lo[axis];
         for (int v = b.lo[axis]; v < b.hi[axis]; ++v) {
-            below += SliceCount(h, b, axis, v);
+            below += b.marginal[axis][v];
             cut = v;
             if (below * 2 >= b.pixels)
                 break;
@@ -171,8 +163,8 @@ Palette MedianCut(const Histogram& h, int n)
         Box a = b, c = b;
         a.hi[axis] = cut;
         c.lo[axis] = cut + 1;
-        ShrinkBox(h, a);
-        ShrinkBox(h, c);
+        MeasureBox(h, a);
+        MeasureBox(h, c);
         boxes[size_t(best)] = a;
         boxes.push_back(c);
     }
@@ -196,19 +188,22 @@ Palette MedianCut(const Histogram& h, int n)
 }
 
 // The nearest palette entry of a colour, looked up by 6 bits a channel and
-// worked out on first use for the middle of that cell.
+// worked out on first use for the middle of that cell. The table comes in
+// pages, one for each red level, so that a small image fills little of it.
 class NearestCache {
 public:
-    explicit NearestCache(const Palette& p) : pal_(p), cells_(size_t(1) << 18, 0xFFFF) {}
+    explicit NearestCache(const Palette& p) : pal_(p) {}
 
     int Get(int r, int g, int b)
     {
-        const size_t key = size_t((r >> 2) << 12 | (g >> 2) << 6 | (b >> 2));
-        uint16_t v = cells_[key];
-        if (v == 0xFFFF) {
-            v = uint16_t(Search((r & ~3) | 2, (g & ~3) | 2, (b & ~3) | 2));
-            cells_[key] = v;
+        std::unique_ptr<uint16_t[]>& page = pages_[r >> 2];
+        if (!page) {
+            page.reset(new uint16_t[4096]);
+            std::fill(page.get(), page.get() + 4096, uint16_t(0xFFFF));
         }
+        uint16_t& v = page[size_t((g >> 2) << 6 | (b >> 2))];
+        if (v == 0xFFFF)
+            v = uint16_t(Search((r & ~3) | 2, (g & ~3) | 2, (b & ~3) | 2));
         return v;
     }
 
@@ -230,7 +225,7 @@ private:
     }
 
     const Palette& pal_;
-    std::vector<uint16_t> cells_;
+    std::unique_ptr<uint16_t[]> pages_[64];
 };
 
 // Threshold matrices: offsets around zero, one per position of a square cell,
@@ -425,7 +420,7 @@ short ReduceToPalette(Image& image, const ReduceParams& params)
         pal = MedianCut(h, int(std::max(2L, n)));
     }
     Image out;
-    short rc = MakeImage(image.Width(), image.Height(), outBits, &out);
+    short rc = MakeImage(image.Width(), image.Height(), outBits, &out, false);
     if (rc != kEngineOk)
         return rc;
     CopyResolution(image, out);
@@ -468,7 +463,7 @@ short ReduceChannels(Image& image, const ReduceParams& params)
         }
     }
     Image out;
-    short rc = MakeImage(image.Width(), image.Height(), 24, &out);
+    short rc = MakeImage(image.Width(), image.Height(), 24, &out, false);
     if (rc != kEngineOk)
         return rc;
     CopyResolution(image, out);

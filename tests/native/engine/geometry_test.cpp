@@ -126,3 +126,31 @@ TEST(Resize, SmoothAveragesWhenShrinkingAndInterpolatesWhenGrowing)
     EXPECT_EQ(Resize(pal, 0, 3, 1), kEngineBadSize);
     EXPECT_EQ(Resize(pal, 3, 3, 2), kEngineBadArgument);
 }
+
+TEST(NewImages, RowPaddingIsAlwaysClear)
+{
+    // New images skip clearing the pixels an operation writes anyway; the
+    // bytes past the last pixel of each row must still be 0, or a section
+    // would carry stale memory.
+    auto paddingClear = [](const Image& im) {
+        const size_t used = (size_t(im.Width()) * size_t(im.Bits()) + 7) / 8;
+        for (int32_t y = 0; y < im.Height(); ++y)
+            for (size_t i = used; i < im.Stride(); ++i)
+                if (im.Row(y)[i] != 0)
+                    return false;
+        return true;
+    };
+    for (int bits : test::kDepths) {
+        Image image = MakeOrDie(7, 5, bits);
+        FillRgb(image, 0xFFFFFF);
+        Image turned = image, any = image, sized = image, reduced = image, grey = image, bw = image;
+        ASSERT_EQ(Rotate(turned, 90, 0, 1), 0);
+        ASSERT_EQ(Rotate(any, 33, 0, 0), 0);
+        ASSERT_EQ(Resize(sized, 9, 3, 1), 0);
+        ASSERT_EQ(Reduce(reduced, ReduceParamsFromScript(4, kReduceDiffuse, 1, 0)), 0);
+        ASSERT_EQ(Grayize(grey), 0);
+        ASSERT_EQ(Blackize(bw), 0);
+        for (const Image* im : {&turned, &any, &sized, &reduced, &grey, &bw})
+            EXPECT_TRUE(paddingClear(*im)) << bits << " " << im->Bits();
+    }
+}
