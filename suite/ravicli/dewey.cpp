@@ -50,6 +50,7 @@ void CommitVector(LouieState& state, HENHMETAFILE emf)
 {
     PushHistory(state);
     state.emf = emf;
+    state.vectorStale = true;
 }
 
 }  // namespace ravi
@@ -333,6 +334,7 @@ short Dewey::UndoRedo()
     if (!state.hasUndo) return ravi::kEngineNothingToUndo;
     std::swap(state.raster, state.undoRaster);
     std::swap(state.emf, state.undoEmf);
+    if (state.emf) state.vectorStale = true;
     return 0;
 }
 

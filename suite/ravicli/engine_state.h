@@ -25,6 +25,11 @@ public:
     ravi::Image undoRaster;
     HENHMETAFILE undoEmf = nullptr;
 
+    // A vector's section is shared by name without SaveResurrectionData
+    // (a clone of a vector looks at the same section), so a change marks it
+    // stale and GetSectionName brings it up to date.
+    bool vectorStale = false;
+
     void* view = nullptr;        // the section mapped whole
     std::size_t viewBytes = 0;   // what VirtualQuery says the view holds
     char sectionName[32] = {};

@@ -151,7 +151,10 @@ short Dewey::GetSectionName(char* name)
 {
     if (!ravi::HasState(this)) return ravi::kEngineNoMemory;
     if (!name) return ravi::kEngineBadArgument;
-    lstrcpynA(name, louie->state->sectionName, 32);
+    LouieState& state = *louie->state;
+    if (state.raster.Empty() && state.emf && state.vectorStale && louie->SaveResurrectionData() == 0)
+        state.vectorStale = false;
+    lstrcpynA(name, state.sectionName, 32);
     return 0;
 }
 
