@@ -382,18 +382,14 @@ short Dewey::Open(const char* path)
     if (code != 0) return code;
 
     // The section first: when it cannot be had the document keeps what it had.
-    LouieState probe;
-    probe.raster = std::move(image);
-    probe.emf = emf;
-    std::vector<unsigned char> bytes = ravi::PictureBytes(probe);
-    probe.emf = nullptr;
+    std::vector<unsigned char> bytes = ravi::PictureBytes(image, emf);
     code = ravi::StoreInSection(louie, bytes.data(), bytes.size());
     if (code != 0) {
         if (emf) DeleteEnhMetaFile(emf);
         return code;
     }
     LouieState& state = *louie->state;
-    ravi::ReplacePicture(state, std::move(probe.raster), emf);
+    ravi::ReplacePicture(state, std::move(image), emf);
     lstrcpynA(state.fileName, path, sizeof state.fileName);
     return 0;
 }

@@ -60,7 +60,7 @@ short StoreInSection(Louie* louie, const void* bytes, std::size_t count);
 // Unmaps and closes the document's section.
 void CloseSection(Louie* louie);
 // The bytes that stand for the picture in hand: the DIB, or the metafile's.
-std::vector<unsigned char> PictureBytes(const LouieState& state);
+std::vector<unsigned char> PictureBytes(const ravi::Image& raster, HENHMETAFILE emf);
 
 // --- the picture in hand (dewey.cpp) ---
 // Replaces the picture by a new one, keeping the old one for UndoRedo.
