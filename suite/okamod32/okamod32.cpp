@@ -33,12 +33,13 @@ FormatTable LoadTable()
     return zvfmt::ParseFormatTable(std::string_view(text, SizeofResource(module, found)));
 }
 
-// One table for all registries of the process: it is read-only after the
+// One table for all registries of the process: nothing changes it after the
 // load, and the format indexes that one OKAMOD hands out stay good for any
-// other.
+// other. It is not a const object, because callers get its texts as char*
+// and some upper-case a key in place (a no-op on a key, but a write).
 const FormatTable& SuiteTable()
 {
-    static const FormatTable table = LoadTable();
+    static FormatTable table = LoadTable();
     return table;
 }
 

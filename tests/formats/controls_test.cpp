@@ -56,19 +56,25 @@ protected:
         DestroyWindow(dialog);
         delete tags;
         delete formats;
-        RegDeleteTreeA(HKEY_CLASSES_ROOT, "Zavrin.Image");
+        // Other tests keep flavours under the same key: remove only ours.
+        for (const std::string& path : created) RegDeleteKeyA(HKEY_CLASSES_ROOT, path.c_str());
     }
 
-    void DefineFlavour(const char* name, const char* definition)
+    void DefineFlavour(const std::string& name, const char* definition)
     {
         std::string path = std::string(kFlavorsKey) + "\\" + name;
         HKEY key = nullptr;
-        ASSERT_EQ(RegCreateKeyExA(HKEY_CLASSES_ROOT, path.c_str(), 0, nullptr, 0, KEY_WRITE, nullptr, &key, nullptr),
+        DWORD disposition = 0;
+        ASSERT_EQ(RegCreateKeyExA(HKEY_CLASSES_ROOT, path.c_str(), 0, nullptr, 0, KEY_WRITE, nullptr, &key,
+                                  &disposition),
                   ERROR_SUCCESS);
+        if (disposition == REG_CREATED_NEW_KEY) created.push_back(path);
         RegSetValueExA(key, nullptr, 0, REG_SZ, reinterpret_cast<const BYTE*>(definition),
                        static_cast<DWORD>(strlen(definition) + 1));
         RegCloseKey(key);
     }
+
+    std::vector<std::string> created;
 
     OKAMOD* formats = nullptr;
     TagSet* tags = nullptr;
@@ -94,32 +100,37 @@ TEST_F(Controls, TypeComboMapsBetweenPositionAndExtension)
     EXPECT_EQ(GetIndexExt(dialog, IDC_TYPES, n - 1, ext), 3);
     EXPECT_STREQ(ext, "bmp");
 
-    EXPECT_EQ(GetFormatIndex(dialog, IDC_TYPES, "XYZ"), -1);
-    EXPECT_EQ(GetFormatIndex(dialog, IDC_TYPES, "PCD"), -1);  // read only: not in a save list
-    EXPECT_EQ(GetFormatIndex(dialog, IDC_TYPES, ""), -1);
+    for (const char* odd : {"XYZ", "PCD" /* read only: not in a save list */, ""})
+        EXPECT_EQ(GetFormatIndex(dialog, IDC_TYPES, odd), -1) << odd;
     EXPECT_EQ(GetFormatIndex(dialog, IDC_TYPES, nullptr), -1);
     EXPECT_EQ(GetFormatIndex(dialog, 4242, "GIF"), -1);
     EXPECT_EQ(GetIndexExt(dialog, IDC_TYPES, n, ext), 0);
     EXPECT_STREQ(ext, "");
-    EXPECT_EQ(GetIndexExt(dialog, IDC_TYPES, -1, ext), 0);
     EXPECT_EQ(GetIndexExt(dialog, IDC_TYPES, 0, nullptr), 0);
     ZvDeleteFilterList(formats, list);
 }
 
 TEST_F(Controls, FlavoursComeFromTheTableAndTheSystemRegistry)
 {
-    DefineFlavour("Fax Group 4", "II*4");
+    // A name of this process, so that tests running side by side don't meet.
+    std::string ours = "Fax Group " + std::to_string(GetCurrentProcessId());
+    DefineFlavour(ours, "II*4");
     DefineFlavour("freehand 3.1", "II*F");  // the table's own, spelt otherwise: listed once
-    tags->Set("TIFFLAV", "FAX GROUP 4");
+    std::string upper = ours;
+    for (char& c : upper) c = static_cast<char>(toupper(static_cast<unsigned char>(c)));
+    tags->Set("TIFFLAV", upper.c_str());
     ZvLoadFlavorsList(formats, dialog, IDC_FLAVOR, IDC_FLAVOR_LABEL, "TIF", tags);
 
     std::vector<std::string> items = Items(dialog, IDC_FLAVOR);
     ASSERT_GE(items.size(), 3u);
-    EXPECT_EQ(items.back(), "Fax Group 4");
-    int freehand = 0;
-    for (const std::string& item : items) freehand += _stricmp(item.c_str(), "Freehand 3.1") == 0;
+    int freehand = 0, fax = 0;
+    for (const std::string& item : items) {
+        freehand += _stricmp(item.c_str(), "Freehand 3.1") == 0;
+        fax += item == ours;
+    }
     EXPECT_EQ(freehand, 1);
-    EXPECT_EQ(Selected(dialog, IDC_FLAVOR), "Fax Group 4");
+    EXPECT_EQ(fax, 1);
+    EXPECT_EQ(Selected(dialog, IDC_FLAVOR), ours);
     EXPECT_TRUE(IsWindowEnabled(GetDlgItem(dialog, IDC_FLAVOR)));
 
     SendMessageA(GetDlgItem(dialog, IDC_FLAVOR), CB_SETCURSEL, 1, 0);

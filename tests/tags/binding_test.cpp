@@ -1,7 +1,7 @@
 // Controls bound to tags on a real dialog, driven from inside its modal
-// loop by thread timers: text is typed into the edits, the Retrieve
+// loop by the dialog driver: text is typed into the edits, the Retrieve
 // functions run as a page's kill-active would run them, and the message box
-// that refuses a value is read and dismissed like a user would.
+// that refuses a value is read and answered as a user would.
 #include <windows.h>
 
 #include <commctrl.h>
@@ -10,6 +10,7 @@
 #include <string>
 #include <vector>
 
+#include "dialog_driver.h"
 #include "tags_test_ids.h"
 #include "zvwio32.h"
 
@@ -104,92 +105,18 @@ private:
     size_t countAt_ = 0;
 };
 
-// --- What the driver saw ----------------------------------------------------
-
-struct DriveLog {
-    TagSet* tags = nullptr;
-    HWND dialog = nullptr;
-    std::vector<std::string> boxes;  // text of each message box, as it came
-    std::vector<std::string> boxCaptions;
-    void (*scenario)(DriveLog&) = nullptr;
-    // Results, checked after the dialog has gone.
-    int validAfterBadWidth = -1, validAfterSecondBadWidth = -1, validAfterGoodWidth = -1;
-    int boxesAfterSecondBadWidth = -1;
-    bool focusOnWidthAfterRefusal = false;
-    std::string widthEditAfterTracking;
-    std::string qualityEdit;
-    int validAfterBadQuality = -1;
-    int validAfterBadFloat = -1;
-    int radioShown = 0;
-    std::string unitsSelected;
-    char* listResult = nullptr;
-    int checked = -1;
-};
-
-DriveLog* g_run = nullptr;
-
-// Reads and closes every message box that the dialog owns. A thread timer
-// fires inside the message box's own modal loop, so this runs while the
-// Retrieve function that raised the box is still waiting for it.
-BOOL CALLBACK CloseBoxOf(HWND window, LPARAM)
+INT_PTR CALLBACK PlainDialogProc(HWND dialog, UINT message, WPARAM wParam, LPARAM)
 {
-    char cls[32] = {};
-    GetClassNameA(window, cls, sizeof cls);
-    if (g_run && IsWindowVisible(window) && lstrcmpA(cls, "#32770") == 0 && window != g_run->dialog &&
-        GetWindow(window, GW_OWNER) == g_run->dialog) {
-        char text[512] = {}, caption[128] = {};
-        GetDlgItemTextA(window, 0xFFFF, text, sizeof text);
-        GetWindowTextA(window, caption, sizeof caption);
-        g_run->boxes.push_back(text);
-        g_run->boxCaptions.push_back(caption);
-        SendMessageA(GetDlgItem(window, IDOK), BM_CLICK, 0, 0);
-    }
-    return TRUE;
-}
-
-void CALLBACK DismissBoxes(HWND, UINT, UINT_PTR, DWORD)
-{
-    EnumThreadWindows(GetCurrentThreadId(), CloseBoxOf, 0);
-}
-
-// Types text into an edit as keystrokes: select all, then one WM_CHAR each.
-void Type(HWND dialog, int id, const char* text)
-{
-    HWND edit = GetDlgItem(dialog, id);
-    SetFocus(edit);
-    SendMessageA(edit, EM_SETSEL, 0, -1);
-    for (const char* c = text; *c; ++c)
-        SendMessageA(edit, WM_CHAR, static_cast<WPARAM>(static_cast<unsigned char>(*c)), 1);
-}
-
-std::string EditText(HWND dialog, int id)
-{
-    char text[128] = {};
-    GetDlgItemTextA(dialog, id, text, sizeof text);
-    return text;
-}
-
-void CALLBACK RunScenario(HWND, UINT, UINT_PTR timer, DWORD)
-{
-    KillTimer(nullptr, timer);
-    DriveLog& run = *g_run;
-    const UINT_PTR dismisser = SetTimer(nullptr, 0, 100, DismissBoxes);
-    run.scenario(run);
-    KillTimer(nullptr, dismisser);
-    EndDialog(run.dialog, 1);
-}
-
-INT_PTR CALLBACK TestDialogProc(HWND dialog, UINT message, WPARAM, LPARAM)
-{
-    if (message == WM_INITDIALOG) {
-        g_run->dialog = dialog;
-        SetTimer(nullptr, 0, 50, RunScenario);
+    if (message == WM_INITDIALOG)
+        return TRUE;
+    if (message == WM_COMMAND && (LOWORD(wParam) == IDOK || LOWORD(wParam) == IDCANCEL)) {
+        EndDialog(dialog, LOWORD(wParam) == IDOK);
         return TRUE;
     }
     return FALSE;
 }
 
-int ShowOptionsDialog(DriveLog& run)
+INT_PTR ShowOptionsDialog(zvtest::DialogDriver& driver)
 {
     INITCOMMONCONTROLSEX icc = {sizeof icc, ICC_BAR_CLASSES};
     InitCommonControlsEx(&icc);
@@ -206,70 +133,35 @@ int ShowOptionsDialog(DriveLog& run)
         t.Add(nullptr, 0x0080, i == 0 ? "&None" : (i == 1 ? "&White" : "&Black"), BS_AUTORADIOBUTTON,
               kTransFirst + i, 7, static_cast<short>(80 + 12 * i), 60, 10);
     t.Add(nullptr, 0x0080, "OK", BS_DEFPUSHBUTTON | WS_TABSTOP, IDOK, 200, 140, 50, 14);
-    g_run = &run;
-    const INT_PTR r = DialogBoxIndirectParamA(Self(), t.Get(), nullptr, TestDialogProc, 0);
-    g_run = nullptr;
-    return static_cast<int>(r);
-}
-
-void BoundsScenario(DriveLog& run)
-{
-    HWND d = run.dialog;
-    Type(d, kWidth, "50000");
-    int valid = 1;
-    RetrieveEditIntTag(d, kWidth, kWidthLabel, "TIF", "W", run.tags, 1, 32000, &valid);
-    run.validAfterBadWidth = valid;
-    run.focusOnWidthAfterRefusal = GetFocus() == GetDlgItem(d, kWidth);
-
-    // Later bad values of the same retrieval are not told again.
-    RetrieveEditIntTag(d, kWidth, kWidthLabel, "TIF", "W", run.tags, 1, 32000, &valid);
-    run.validAfterSecondBadWidth = valid;
-    run.boxesAfterSecondBadWidth = static_cast<int>(run.boxes.size());
-
-    Type(d, kWidth, "800");
-    valid = 1;
-    RetrieveEditIntTag(d, kWidth, kWidthLabel, "TIF", "W", run.tags, 1, 32000, &valid);
-    run.validAfterGoodWidth = valid;
-
-    valid = 1;
-    Type(d, kWidth, "2.5cm");
-    RetrieveEditFloatTag(d, kWidth, kWidthLabel, "TIF", "W", run.tags, 0.0, 999999.99, &valid);
-    run.validAfterBadFloat = valid;
-
-    // The track bar carries its position over to its edit.
-    DisplayTrackBarTag(d, kQualityBar, kQuality, "JPG", "Q", run.tags, 2, 255);
-    HWND bar = GetDlgItem(d, kQualityBar);
-    SendMessageA(bar, TBM_SETPOS, TRUE, 100);
-    HandleTrackBarScroll(d, TB_THUMBPOSITION, reinterpret_cast<LPARAM>(bar));
-    run.qualityEdit = EditText(d, kQuality);
-    run.widthEditAfterTracking = HandleTrackBarScroll(d, 0, reinterpret_cast<LPARAM>(GetDlgItem(d, kWidth))) ? "handled" : "passed";
-    valid = 1;
-    RetrieveTrackBarTag(d, kQualityBar, kQuality, kQualityLabel, "JPG", "Q", run.tags, 2, 255, &valid);
-    Type(d, kQuality, "300");
-    RetrieveTrackBarTag(d, kQualityBar, kQuality, kQualityLabel, "JPG", "Q2", run.tags, 2, 255, &valid);
-    valid = 1;
-    RetrieveTrackBarTag(d, kQualityBar, kQuality, kQualityLabel, "JPG", "Q2", run.tags, 2, 255, &valid);
-    run.validAfterBadQuality = valid;
-
-    // Lists, check box and radio buttons.
-    LoadList(d, kUnits, kUnitsLabel, "TIF", "UNITS", run.tags, IDS_UNITS_SHOWN, IDS_UNITS_VALUES, Self());
-    char shown[64] = {};
-    GetDlgItemTextA(d, kUnits, shown, sizeof shown);
-    run.unitsSelected = shown;
-    SendDlgItemMessageA(d, kUnits, CB_SETCURSEL, 4, 0);
-    run.listResult = RetrieveList(d, kUnits, "TIF", "UNITS", run.tags, IDS_UNITS_VALUES, Self());
-    DisplayCheckBoxTag(d, kSmooth, "BMPTIF", "SMOOTH", run.tags);
-    SendDlgItemMessageA(d, kSmooth, BM_CLICK, 0, 0);
-    run.checked = RetrieveCheckBoxTag(d, kSmooth, "BMPTIF", "SMOOTH", run.tags);
-    run.radioShown = DisplayRadioButtonTag(d, kTransFirst, kTransLast, "GIF", "TRANS", run.tags, IDS_TRANS_VALUES, Self());
-    SendDlgItemMessageA(d, kTransFirst + 1, BM_CLICK, 0, 0);
-    RetrieveRadioButtonTag(d, kTransFirst, kTransLast, "GIF", "TRANS", run.tags, IDS_TRANS_VALUES, Self());
+    return driver.Run([&] { return DialogBoxIndirectParamA(Self(), t.Get(), nullptr, PlainDialogProc, 0); });
 }
 
 std::string Tag(TagSet* tags, const char* key)
 {
     const char* v = ZvGetTag(tags, key);
     return v ? v : "<absent>";
+}
+
+std::string EditText(HWND dialog, int id)
+{
+    char text[128] = {};
+    GetDlgItemTextA(dialog, id, text, sizeof text);
+    return text;
+}
+
+// The caption of the message box that is up, so that a test can see whose
+// name it bears.
+zvtest::DialogDriver::StepFn CaptionOfBox(HWND* dialog, std::string* caption)
+{
+    return [dialog, caption](zvtest::DialogDriver&, HWND) {
+        for (HWND w : zvtest::DialogDriver::ThreadWindows()) {
+            if (w != *dialog && GetWindow(w, GW_OWNER) == *dialog) {
+                *caption = zvtest::DialogDriver::TextOf(w);
+                return zvtest::DialogDriver::Result{zvtest::DialogDriver::Outcome::Done, {}};
+            }
+        }
+        return zvtest::DialogDriver::Result{zvtest::DialogDriver::Outcome::Retry, "no message box yet"};
+    };
 }
 
 TEST(BoundControls, AValueOutOfBoundsIsRefusedToldOnceAndNotStored)
@@ -279,72 +171,114 @@ TEST(BoundControls, AValueOutOfBoundsIsRefusedToldOnceAndNotStored)
     ZvSetTag(&tags, "JPGQ", "20");
     ZvSetTag(&tags, "GIFTRANS", "black");
     ZvSetTag(&tags, "BMPTIFSMOOTH", "on");
-    DriveLog run;
-    run.tags = &tags;
-    run.scenario = BoundsScenario;
-    ASSERT_EQ(ShowOptionsDialog(run), 1);
+    TagSet* t = &tags;
 
-    // 50000 for a width of 1 to 32000: one message, naming the field and
-    // its bounds, in a box captioned like the dialog.
-    ASSERT_GE(run.boxes.size(), 1u);
-    EXPECT_NE(run.boxes[0].find("Maximum width"), std::string::npos) << run.boxes[0];
-    EXPECT_NE(run.boxes[0].find(" 1 "), std::string::npos) << run.boxes[0];
-    EXPECT_NE(run.boxes[0].find("32000"), std::string::npos) << run.boxes[0];
-    EXPECT_EQ(run.boxCaptions[0], "Test Options");
-    EXPECT_EQ(run.validAfterBadWidth, 0);
-    EXPECT_TRUE(run.focusOnWidthAfterRefusal);
-    EXPECT_EQ(run.validAfterSecondBadWidth, 0);
-    EXPECT_EQ(run.boxesAfterSecondBadWidth, 1);
-    EXPECT_EQ(run.validAfterGoodWidth, 1);
+    HWND dialog = nullptr;
+    int valid = 1, afterBad = -1, afterSecond = -1, afterGood = -1, afterFloat = -1, afterQuality = -1;
+    bool focusOnWidth = false;
+    std::string widthBox, boxCaption, floatBox, qualityBox, qualityEdit, unitsShown;
+    int scrollOfAnEdit = -1, radioShown = 0, checked = -1;
+    char* listResult = nullptr;
+
+    zvtest::DialogDriver d;
+    d.WaitWindow("Test Options")
+        .Do([&](HWND dlg) { dialog = dlg; })
+        // 50000 for a width of 1 to 32000, as a page's kill-active retrieves it.
+        .Type(kWidth, "50000")
+        .Do([&](HWND dlg) {
+            RetrieveEditIntTag(dlg, kWidth, kWidthLabel, "TIF", "W", t, 1, 32000, &valid);
+            afterBad = valid;
+            focusOnWidth = GetFocus() == GetDlgItem(dlg, kWidth);
+        })
+        .Step("caption of the message box", CaptionOfBox(&dialog, &boxCaption))
+        .AnswerMessageBox(IDOK, "Maximum width", &widthBox)
+        // A later bad value of the same retrieval is not told again: a box
+        // here would have no one to answer it and would fail the run.
+        .Do([&](HWND dlg) {
+            RetrieveEditIntTag(dlg, kWidth, kWidthLabel, "TIF", "W", t, 1, 32000, &valid);
+            afterSecond = valid;
+        })
+        .Type(kWidth, "800")
+        .Do([&](HWND dlg) {
+            valid = 1;
+            RetrieveEditIntTag(dlg, kWidth, kWidthLabel, "TIF", "W", t, 1, 32000, &valid);
+            afterGood = valid;
+        })
+        .Type(kWidth, "2.5cm")
+        .Do([&](HWND dlg) {
+            valid = 1;
+            RetrieveEditFloatTag(dlg, kWidth, kWidthLabel, "TIF", "W", t, 0.0, 999999.99, &valid);
+            afterFloat = valid;
+        })
+        .AnswerMessageBox(IDOK, "Maximum width", &floatBox)
+        // The track bar carries its position to its edit; 300 is refused.
+        .Do([&](HWND dlg) {
+            DisplayTrackBarTag(dlg, kQualityBar, kQuality, "JPG", "Q", t, 2, 255);
+            HWND bar = GetDlgItem(dlg, kQualityBar);
+            SendMessageA(bar, TBM_SETPOS, TRUE, 100);
+            HandleTrackBarScroll(dlg, TB_THUMBPOSITION, reinterpret_cast<LPARAM>(bar));
+            qualityEdit = EditText(dlg, kQuality);
+            scrollOfAnEdit = HandleTrackBarScroll(dlg, 0, reinterpret_cast<LPARAM>(GetDlgItem(dlg, kWidth)));
+            valid = 1;
+            RetrieveTrackBarTag(dlg, kQualityBar, kQuality, kQualityLabel, "JPG", "Q", t, 2, 255, &valid);
+        })
+        .Type(kQuality, "300")
+        .Do([&](HWND dlg) {
+            valid = 1;
+            RetrieveTrackBarTag(dlg, kQualityBar, kQuality, kQualityLabel, "JPG", "Q2", t, 2, 255, &valid);
+            afterQuality = valid;
+        })
+        .AnswerMessageBox(IDOK, "Quality", &qualityBox)
+        // A list, a check box and radio buttons, each shown and taken back.
+        .Do([&](HWND dlg) {
+            LoadList(dlg, kUnits, kUnitsLabel, "TIF", "UNITS", t, IDS_UNITS_SHOWN, IDS_UNITS_VALUES, Self());
+            unitsShown = EditText(dlg, kUnits);
+            DisplayCheckBoxTag(dlg, kSmooth, "BMPTIF", "SMOOTH", t);
+            radioShown = DisplayRadioButtonTag(dlg, kTransFirst, kTransLast, "GIF", "TRANS", t, IDS_TRANS_VALUES, Self());
+        })
+        .PickCombo(kUnits, "Multiples")
+        .Click(kSmooth)
+        .Click(kTransFirst + 1)
+        .Do([&](HWND dlg) {
+            listResult = RetrieveList(dlg, kUnits, "TIF", "UNITS", t, IDS_UNITS_VALUES, Self());
+            checked = RetrieveCheckBoxTag(dlg, kSmooth, "BMPTIF", "SMOOTH", t);
+            RetrieveRadioButtonTag(dlg, kTransFirst, kTransLast, "GIF", "TRANS", t, IDS_TRANS_VALUES, Self());
+        })
+        .PressOk();
+    ASSERT_EQ(ShowOptionsDialog(d), 1);
+    EXPECT_FALSE(d.Failed());
+
+    // One message for the width, naming the field and its bounds, in a box
+    // captioned like the dialog; nothing stored, the focus on the field.
+    EXPECT_NE(widthBox.find("Maximum width"), std::string::npos) << widthBox;
+    EXPECT_NE(widthBox.find(" 1 "), std::string::npos) << widthBox;
+    EXPECT_NE(widthBox.find("32000"), std::string::npos) << widthBox;
+    EXPECT_EQ(boxCaption, "Test Options");
+    EXPECT_EQ(afterBad, 0);
+    EXPECT_TRUE(focusOnWidth);
+    EXPECT_EQ(afterSecond, 0);
+    EXPECT_EQ(afterGood, 1);
 
     // "2.5cm" is no number: refused too, and the stored width stays 800.
-    EXPECT_EQ(run.validAfterBadFloat, 0);
+    EXPECT_EQ(afterFloat, 0);
+    EXPECT_NE(floatBox.find("999999.99"), std::string::npos) << floatBox;
     EXPECT_EQ(Tag(&tags, "TIFW"), "800");
 
-    // The track bar: its position reached the edit, a scroll of a control
-    // that is no track bar is passed on, 300 is refused for 2 to 255.
-    EXPECT_EQ(run.qualityEdit, "100");
-    EXPECT_EQ(run.widthEditAfterTracking, "passed");
+    EXPECT_EQ(qualityEdit, "100");
+    EXPECT_EQ(scrollOfAnEdit, 0);
     EXPECT_EQ(Tag(&tags, "JPGQ"), "100");
+    EXPECT_EQ(afterQuality, 0);
     EXPECT_EQ(Tag(&tags, "JPGQ2"), "<absent>");
-    EXPECT_EQ(run.validAfterBadQuality, 0);
-    ASSERT_EQ(run.boxes.size(), 4u);
-    EXPECT_NE(run.boxes[3].find("Quality"), std::string::npos) << run.boxes[3];
-    EXPECT_NE(run.boxes[3].find("255"), std::string::npos) << run.boxes[3];
+    EXPECT_NE(qualityBox.find("255"), std::string::npos) << qualityBox;
 
-    // The list showed the entry of the stored value and stored the new one.
-    EXPECT_EQ(run.unitsSelected, "Pixels");
-    ASSERT_NE(run.listResult, nullptr);
-    EXPECT_STREQ(run.listResult, "MULT");
+    EXPECT_EQ(unitsShown, "Pixels");
+    ASSERT_NE(listResult, nullptr);
+    EXPECT_STREQ(listResult, "MULT");
     EXPECT_EQ(Tag(&tags, "TIFUNITS"), "MULT");
-    EXPECT_EQ(run.checked, 0);  // "on" showed checked, the click cleared it
+    EXPECT_EQ(checked, 0);  // "on" showed checked, the click cleared it
     EXPECT_EQ(Tag(&tags, "BMPTIFSMOOTH"), "OFF");
-    EXPECT_EQ(run.radioShown, kTransLast);
+    EXPECT_EQ(radioShown, kTransLast);
     EXPECT_EQ(Tag(&tags, "GIFTRANS"), "WHITE");
-}
-
-void MissingControlsScenario(DriveLog& run)
-{
-    HWND d = run.dialog;
-    int valid = 1;
-    // Controls this template lacks: nothing is stored and nothing is told.
-    RetrieveEditIntTag(d, 9001, 9002, "", "MISSINGINT", run.tags, 0, 10, &valid);
-    RetrieveCheckBoxTag(d, 9003, "", "MISSINGCHECK", run.tags);
-    run.listResult = RetrieveList(d, 9004, "", "MISSINGLIST", run.tags, IDS_UNITS_VALUES, Self());
-    run.validAfterBadWidth = valid;
-    // A disabled edit with a bad value is left alone without a word.
-    Type(d, kWidth, "-5");
-    EnableWindow(GetDlgItem(d, kWidth), FALSE);
-    RetrieveEditIntTag(d, kWidth, kWidthLabel, "TIF", "W", run.tags, 1, 32000, &valid);
-    run.validAfterGoodWidth = valid;
-    // An empty edit removes its tag, and an empty list is disabled.
-    EnableWindow(GetDlgItem(d, kWidth), TRUE);
-    Type(d, kWidth, "");
-    SetDlgItemTextA(d, kWidth, "");
-    RetrieveEditFloatTag(d, kWidth, kWidthLabel, "TIF", "H", run.tags, 1.0, 10.0, &valid);
-    LoadList(d, kUnits, kUnitsLabel, "EPS", "CURVE", run.tags, 0, 0, Self());
-    run.checked = IsWindowEnabled(GetDlgItem(d, kUnits)) || IsWindowEnabled(GetDlgItem(d, kUnitsLabel));
-    run.validAfterBadFloat = valid;
 }
 
 TEST(BoundControls, MissingDisabledAndEmptyControlsStoreQuietly)
@@ -352,19 +286,42 @@ TEST(BoundControls, MissingDisabledAndEmptyControlsStoreQuietly)
     TagSet tags;
     ZvSetTag(&tags, "TIFW", "640");
     ZvSetTag(&tags, "TIFH", "4");
-    DriveLog run;
-    run.tags = &tags;
-    run.scenario = MissingControlsScenario;
-    ASSERT_EQ(ShowOptionsDialog(run), 1);
-    EXPECT_TRUE(run.boxes.empty());
-    EXPECT_EQ(run.validAfterBadWidth, 1);
-    EXPECT_EQ(run.validAfterGoodWidth, 1);
-    EXPECT_EQ(run.validAfterBadFloat, 1);
-    EXPECT_EQ(run.listResult, nullptr);
+    TagSet* t = &tags;
+    int valid = 1, listEnabled = -1;
+    char* listResult = reinterpret_cast<char*>(1);
+
+    // Any message box here would go unanswered and fail the run.
+    zvtest::DialogDriver d;
+    d.WaitWindow("Test Options")
+        .Do([&](HWND dlg) {
+            // Controls this template lacks: nothing is stored, nothing told.
+            RetrieveEditIntTag(dlg, 9001, 9002, "", "MISSINGINT", t, 0, 10, &valid);
+            RetrieveCheckBoxTag(dlg, 9003, "", "MISSINGCHECK", t);
+            listResult = RetrieveList(dlg, 9004, "", "MISSINGLIST", t, IDS_UNITS_VALUES, Self());
+        })
+        .Type(kWidth, "-5")
+        .Do([&](HWND dlg) {
+            // A disabled edit with a bad value is left alone without a word.
+            EnableWindow(GetDlgItem(dlg, kWidth), FALSE);
+            RetrieveEditIntTag(dlg, kWidth, kWidthLabel, "TIF", "W", t, 1, 32000, &valid);
+            EnableWindow(GetDlgItem(dlg, kWidth), TRUE);
+        })
+        .SetText(kWidth, "")
+        .Do([&](HWND dlg) {
+            // An empty edit removes its tag; an empty list is disabled.
+            RetrieveEditFloatTag(dlg, kWidth, kWidthLabel, "TIF", "H", t, 1.0, 10.0, &valid);
+            LoadList(dlg, kUnits, kUnitsLabel, "EPS", "CURVE", t, 0, 0, Self());
+            listEnabled = IsWindowEnabled(GetDlgItem(dlg, kUnits)) || IsWindowEnabled(GetDlgItem(dlg, kUnitsLabel));
+        })
+        .PressOk();
+    ASSERT_EQ(ShowOptionsDialog(d), 1);
+    EXPECT_FALSE(d.Failed());
+    EXPECT_EQ(valid, 1);
+    EXPECT_EQ(listResult, nullptr);
     EXPECT_EQ(Tag(&tags, "MISSINGCHECK"), "<absent>");
     EXPECT_EQ(Tag(&tags, "TIFW"), "640");
     EXPECT_EQ(Tag(&tags, "TIFH"), "<absent>");
-    EXPECT_EQ(run.checked, 0);
+    EXPECT_EQ(listEnabled, 0);
 }
 
 TEST(TextHelpers, ColoursKeepTheirByteOrderAndCommasGoInPlace)
