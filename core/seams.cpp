@@ -6,7 +6,7 @@ ZvPlatformSeams g_seams = {};
 
 }  // namespace
 
-extern "C" ZVOPT32_API void WINAPI ZvSetPlatformSeams(const ZvPlatformSeams* seams)
+extern "C" ZVOPT32_API void ZvSetPlatformSeams(const ZvPlatformSeams* seams)
 {
     g_seams = seams ? *seams : ZvPlatformSeams{};
 }

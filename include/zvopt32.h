@@ -22,6 +22,6 @@ struct ZvPlatformSeams {
 extern "C" {
 
 // Installs a table of replacements; null restores the platform's calls.
-ZVOPT32_API void WINAPI ZvSetPlatformSeams(const ZvPlatformSeams* seams);
+ZVOPT32_API void ZvSetPlatformSeams(const ZvPlatformSeams* seams);
 
 }  // extern "C"
