@@ -664,25 +664,34 @@ DialogDriver& DialogDriver::AnswerMessageBox(int button, const std::string& text
         name += ", " + Quote(textContains);
     name += ")";
     return Queue(name, [button, textContains, textOut](DialogDriver& d, HWND) {
-        std::string seen;
-        for (HWND w : ThreadWindows()) {
-            if (w == d.current_ || !IsClass(w, "#32770") || IsPropertySheet(w))
-                continue;
-            std::string text = MessageBoxText(w);
-            if (text.find(textContains) == std::string::npos) {
-                seen += (seen.empty() ? "" : ", ") + Quote(text);
-                continue;
-            }
-            HWND b = GetDlgItem(w, button);
-            if (!b)
-                return Failure("the message box " + Quote(text) + " has no button " + std::to_string(button));
-            if (textOut)
-                *textOut = text;
-            SendMessageA(b, BM_CLICK, 0, 0);
-            return Done();
-        }
-        return Retry(seen.empty() ? "no message box is up" : "the message boxes up say " + seen);
+        std::string why;
+        HWND box = d.FindMessageBox(textContains, &why);
+        if (!box)
+            return Retry(why);
+        std::string text = MessageBoxText(box);
+        HWND b = GetDlgItem(box, button);
+        if (!b)
+            return Failure("the message box " + Quote(text) + " has no button " + std::to_string(button));
+        if (textOut)
+            *textOut = text;
+        SendMessageA(b, BM_CLICK, 0, 0);
+        return Done();
     });
+}
+
+HWND DialogDriver::FindMessageBox(const std::string& textContains, std::string* why) const
+{
+    std::string seen;
+    for (HWND w : ThreadWindows()) {
+        if (w == current_ || !IsClass(w, "#32770") || IsPropertySheet(w))
+            continue;
+        std::string text = MessageBoxText(w);
+        if (text.find(textContains) != std::string::npos)
+            return w;
+        seen += (seen.empty() ? "" : ", ") + Quote(text);
+    }
+    *why = seen.empty() ? "no message box is up" : "the message boxes up say " + seen;
+    return nullptr;
 }
 
 // ---- checks ----
@@ -805,19 +814,33 @@ DialogDriver& DialogDriver::Screenshot(const std::string& name)
     return Queue("Screenshot(" + Quote(name) + ")", [name](DialogDriver& d, HWND target) {
         if (!target)
             return Retry("no window of this thread is up");
-        // With no window manager, Wine may draw the caption of the very
-        // first window of a process as inactive although the window is
-        // active; the picture shows what the user of a desktop would see.
-        if (GetActiveWindow() == target)
-            SendMessageA(target, WM_NCACTIVATE, TRUE, 0);
-        d.quiet_ = true;
-        Settle(target);
-        d.quiet_ = false;
-        std::string error;
-        if (!SaveWindowPng(target, GalleryPath(name), &error))
-            return Failure("screenshot of " + Describe(target) + ": " + error);
-        return Done();
+        return d.Shoot(target, name);
     });
+}
+
+DialogDriver& DialogDriver::ScreenshotMessageBox(const std::string& name, const std::string& textContains)
+{
+    return Queue("ScreenshotMessageBox(" + Quote(name) + ")", [name, textContains](DialogDriver& d, HWND) {
+        std::string why;
+        HWND box = d.FindMessageBox(textContains, &why);
+        return box ? d.Shoot(box, name) : Retry(why);
+    });
+}
+
+DialogDriver::Result DialogDriver::Shoot(HWND target, const std::string& name)
+{
+    // With no window manager, Wine may draw the caption of the very first
+    // window of a process as inactive although the window is active; the
+    // picture shows what the user of a desktop would see.
+    if (GetActiveWindow() == target)
+        SendMessageA(target, WM_NCACTIVATE, TRUE, 0);
+    quiet_ = true;
+    Settle(target);
+    quiet_ = false;
+    std::string error;
+    if (!SaveWindowPng(target, GalleryPath(name), &error))
+        return Failure("screenshot of " + Describe(target) + ": " + error);
+    return Done();
 }
 
 // ---- free-form steps ----
