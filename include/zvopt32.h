@@ -25,3 +25,25 @@ extern "C" {
 ZVOPT32_API void ZvSetPlatformSeams(const ZvPlatformSeams* seams);
 
 }  // extern "C"
+
+// ---- Dialog frame: the dialog that belongs to a format, and context help.
+extern "C" {
+
+// The first page of a destination's option sheet, the number that
+// DoDestOptionsDlg takes, or 0 when the destination has no options. destKey
+// is the internal extension. Needs no dialog running.
+ZVOPT32_API unsigned short GetDestDlgId(const char* destKey, short destType, short srcType);
+
+// The dialog of a source format, the number that DoSrcOptionsDlg takes, with
+// its procedure in *dlgProc; 0 and null when the format has none. "CUT"
+// gives 1 and null: CUTSrcDlg runs that one. wantInputOptions 0 means no
+// dialog for a format without one of its own. Reads the operation of the
+// last dialog.
+ZVOPT32_API unsigned short GetSrcDlgId(const char* srcExt, DLGPROC* dlgProc, short srcType, int wantInputOptions);
+
+// Help of every dialog and page. WM_COMMAND with IDHELP (9) in the low word
+// opens the topic given in lParam; WM_HELP and WM_CONTEXTMENU open the
+// pop-up help of the control they name. Other messages are ignored.
+ZVOPT32_API void ShowContextHelp(UINT message, WPARAM wParam, LPARAM lParam);
+
+}  // extern "C"

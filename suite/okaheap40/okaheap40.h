@@ -19,8 +19,11 @@ OKAHEAP40_API void OkiSound(unsigned short frequency, unsigned short duration);
 // Base of the suite's objects: they come from the suite's own allocator, so
 // that an object made in one library can be deleted by another. It adds no
 // data and no virtual table, so a derived class's first field stays first.
+// operator new gives null when memory runs out (no exception crosses a
+// library's boundary); a new-expression then yields null and runs no
+// constructor, so callers test the pointer.
 class OKAHEAP40_API OKAObject {
 public:
-    static void* operator new(std::size_t size);
+    static void* operator new(std::size_t size) noexcept;
     static void operator delete(void* object);
 };

@@ -15,51 +15,84 @@
 class OKAMOD;
 
 // --- Tag access. Reads and writes through a set go to its deepest child;
-// reads fall back through the ancestors. Keys longer than 63 characters are
-// cut; a null or empty key is refused.
+// reads fall back through the ancestors. Keys longer than 255 characters
+// are cut, values longer than 4095; a null or empty key is refused (a
+// negative result, nothing written); a null set reads as empty. Numbers read
+// from text that isn't a number are 0.
 ZVWIO32_API char* ZvGetTag(TagSet* tags, const char* key);  // null when absent
 ZVWIO32_API int ZvGetIntTag(TagSet* tags, const char* key);
 ZVWIO32_API double ZvGetFloatTag(TagSet* tags, const char* key);
 ZVWIO32_API short ZvSetTag(TagSet* tags, const char* key, const char* value);  // "" removes
 ZVWIO32_API short ZvSetIntTag(TagSet* tags, const char* key, int value);
+// The number as decimal text with at most `digits` places (10 at most),
+// trailing zeros dropped: 32 keeps all that matters, 4 gives 1.2346.
 ZVWIO32_API short ZvSetFloatTag(TagSet* tags, const char* key, double value, int digits);
 ZVWIO32_API short ZvSetGlobalTag(TagSet* tags, const char* key, const char* value);  // into the root
 ZVWIO32_API short ZvSetGlobalIntTag(TagSet* tags, const char* key, int value);
+// A search over the keys that begin with prefix (case ignored; "" gives
+// all); the caller deletes it. Null for a null set.
 ZVWIO32_API TagSearch* ZvOpenTagSearch(TagSet* tags, const char* prefix);
 ZVWIO32_API char* ZvTagSearch(TagSearch* search);  // next key without the prefix, or null
 
-// --- Control binding. The key is prefix + name.
+// --- Control binding. The key is prefix + name (either may be null). A
+// control that the dialog lacks is passed over: nothing is shown, nothing
+// stored, no complaint. The Retrieve functions with `valid` leave a value
+// that is no number or lies outside min..max unstored, clear *valid, and
+// tell the user with a message box that names the label's caption and the
+// bounds, then put the focus on the control. Only the first bad value of a
+// retrieval is told: a call that finds *valid already 0 tells nothing. An
+// empty edit stores the removal of the tag and is no error. A disabled edit
+// is stored when its value is good and otherwise left alone silently, since
+// the user could not correct it.
 ZVWIO32_API void DisplayCheckBoxTag(HWND dialog, int control, const char* prefix, const char* name, TagSet* tags);
-ZVWIO32_API void RetrieveCheckBoxTag(HWND dialog, int control, const char* prefix, const char* name, TagSet* tags);
-ZVWIO32_API void DisplayRadioButtonTag(HWND dialog, int first, int last, const char* prefix, const char* name,
+// Stores "ON" or "OFF"; gives 1 when the box is checked, else 0.
+ZVWIO32_API int RetrieveCheckBoxTag(HWND dialog, int control, const char* prefix, const char* name, TagSet* tags);
+// Checks the button at the position of the tag's value in the list (case
+// ignored; the first button when the tag is absent or unknown) and gives its
+// id, or 0 when there is no such button.
+ZVWIO32_API int DisplayRadioButtonTag(HWND dialog, int first, int last, const char* prefix, const char* name,
                                        TagSet* tags, int valuesId, HINSTANCE module);
 ZVWIO32_API void RetrieveRadioButtonTag(HWND dialog, int first, int last, const char* prefix, const char* name,
                                         TagSet* tags, int valuesId, HINSTANCE module);
+// Fills a combo or list box with the shown texts of shownId and selects the
+// entry whose value (of valuesId, or the shown text itself when valuesId is
+// 0) equals the tag, case ignored; entry 0 when none does. A list with no
+// entries is disabled together with its label.
 ZVWIO32_API void LoadList(HWND dialog, int list, int label, const char* prefix, const char* name, TagSet* tags,
                           int shownId, int valuesId, HINSTANCE module);
 // Stores the value that belongs to the selection and gives it (a buffer of
 // the library's that stays valid until the next call), or null.
 ZVWIO32_API char* RetrieveList(HWND dialog, int list, const char* prefix, const char* name, TagSet* tags,
                                int valuesId, HINSTANCE module);
+// Sets the bar's range and position and the edit's text from the tag.
 ZVWIO32_API void DisplayTrackBarTag(HWND dialog, int trackBar, int edit, const char* prefix, const char* name,
                                     TagSet* tags, int min, int max);
 ZVWIO32_API void RetrieveTrackBarTag(HWND dialog, int trackBar, int edit, int label, const char* prefix,
                                      const char* name, TagSet* tags, int min, int max, int* valid);
+// WM_HSCROLL or WM_VSCROLL of a track bar shown by DisplayTrackBarTag: writes
+// its position into its edit and gives 1; 0 for any other sender.
 ZVWIO32_API int HandleTrackBarScroll(HWND dialog, WPARAM wParam, LPARAM lParam);
+// An absent tag leaves the edit empty.
 ZVWIO32_API void DisplayEditIntTag(HWND dialog, int edit, const char* prefix, const char* name, TagSet* tags);
 ZVWIO32_API void RetrieveEditIntTag(HWND dialog, int edit, int label, const char* prefix, const char* name,
                                     TagSet* tags, int min, int max, int* valid);
+// A value of 0 leaves the edit empty. Both give the value: the one shown,
+// or the one read (the tag's, when the dialog lacks the edit).
 ZVWIO32_API double DisplayEditFloatTag(HWND dialog, int edit, const char* prefix, const char* name, TagSet* tags);
 ZVWIO32_API double RetrieveEditFloatTag(HWND dialog, int edit, int label, const char* prefix, const char* name,
                                         TagSet* tags, double min, double max, int* valid);
 
 // --- String lists: string table entries with "~" between the items; an
-// entry that ends in "~" goes on in the next entry. Items are written into
-// item (up to size bytes, cut).
+// entry that ends in "~" goes on in the entry of the next id. Items are
+// written into item (up to size bytes, cut). GetListItem gives the item's
+// length, or -1 (and the empty text) when there is no such item.
+// GetListIndex compares without regard to case.
 ZVWIO32_API int GetListItem(int id, int index, HINSTANCE module, char* item, int size);
 ZVWIO32_API int GetListIndex(int id, const char* text, HINSTANCE module);  // -1 when absent
 
 // --- Text and numbers.
+// text must hold 12 bytes for an int or a long, 32 for a double (which gets
+// at most six places, trailing zeros dropped).
 ZVWIO32_API void IntToString(int value, char* text);
 ZVWIO32_API void LongToString(long value, char* text);
 ZVWIO32_API void DoubleToString(char* text, double value);
@@ -70,32 +103,56 @@ ZVWIO32_API char* StrChrFirst(const char* text, int character);
 ZVWIO32_API char* StrChrLast(const char* text, int character);
 ZVWIO32_API char* StrSubstring(char* out, const char* text, int start, int count);
 ZVWIO32_API char* StrCopyNum(char* out, const char* text);  // the leading number of text
+ZVWIO32_API char* StrCopyNum(char* out, const char* text, int count);  // at most count characters of it
 // Splits a path; each part (may be null) gets at most MAX_PATH bytes; the
 // extension comes without its dot.
 ZVWIO32_API void ZvSplitPath(const char* path, char* dir, char* name, char* ext);
 ZVWIO32_API int ZvCanReadFile(const char* path);
 ZVWIO32_API HCURSOR ZvSetCursor(LPCSTR cursorId);
+// Shows cursor now (window names where the work goes on); gives the old one.
+ZVWIO32_API HCURSOR ZvSetCursor(HWND window, HCURSOR cursor);
 ZVWIO32_API int ZvWaitForInput(HWND control);  // 0 while more input waits
 ZVWIO32_API void ZvYield();
+// Draws one half of a spin button for WM_DRAWITEM: up 1 the upper arrow, 0
+// the lower; pushed and disabled states as the item says. Gives 1.
+ZVWIO32_API int DrawSpinControl(const DRAWITEMSTRUCT* item, int up);
+inline int DrawSpinControl(LPARAM drawItem, int up)
+{
+    return DrawSpinControl(reinterpret_cast<const DRAWITEMSTRUCT*>(drawItem), up);
+}
 
 ZVWIO32_API double DivideDouble(double numerator, double denominator);  // 0 for a zero denominator
-ZVWIO32_API double RoundOff(double value, int digits);
-// Converts value from one unit ("IN", "CM", "PICA", "PIX", "MULT") to
-// another; dpi serves "PIX", reference (a length in pixels) serves "MULT".
+// The nearest multiple of step (0.01, 1.0, ...); a step of 0 or less leaves
+// the value as it is.
+ZVWIO32_API double RoundOff(double value, double step);
+// Converts value from one unit ("IN", "CM", "PICA", "PIX", "MULT"; case
+// ignored; unknown or null counts as "IN") to another; dpi serves "PIX",
+// reference (a length in inches: the size of one multiple) serves "MULT".
+// A zero dpi or reference gives 0 where it would divide.
 ZVWIO32_API double ConvertUnits(double value, const char* from, const char* to, double dpi, double reference);
 ZVWIO32_API void GetRotatedSize(double angle, double width, double height, double* newWidth, double* newHeight);
-// The new pixel size that the destination's size tags ask for, 0 when none.
+// The new pixel size that the destination's size tags ask for: 1 and the
+// size, or 0 when none is asked for. The modes are told in docs/tags.md.
 ZVWIO32_API int CalculateResize(TagSet* tags, const char* destKey, long width, long height, long* newWidth,
                                 long* newHeight);
 // Rewrite the destination's resolution tags in dots per inch, or in tenths
-// of a micron per dot (254000 divided by the value, either way).
+// of a micron per dot (254000 divided by the value, either way). The set
+// chain remembers (in a note) that the tags are in dots per inch, so a second
+// ResolutionToDPI leaves them alone, ResolutionToDeciMicrons acts only after
+// ResolutionToDPI, and CalculateResize reads them in the right unit.
 ZVWIO32_API void ResolutionToDPI(TagSet* tags, const char* destKey);
 ZVWIO32_API void ResolutionToDeciMicrons(TagSet* tags, const char* destKey);
-ZVWIO32_API COLORREF GetColorRefFromTextRGB(const char* text);  // "RRGGBB"
+ZVWIO32_API COLORREF GetColorRefFromTextRGB(const char* text);  // "RRGGBB"; null gives 0
 ZVWIO32_API void GetTextHexRGB(COLORREF color, char* text);     // 7 bytes
-ZVWIO32_API long GetNumColors(HWND window);
+ZVWIO32_API long GetNumColors(HWND window);  // of the display; 16777216 for true colour
+// A device context of the named printer, or of the default printer for a
+// null or empty name; null when there is none. The caller deletes it.
 ZVWIO32_API HDC GetPrinterDC(const char* name);
-ZVWIO32_API void InsertCommas(char* text);  // "1234567" becomes "1,234,567" in place
+// "1234567" becomes "1,234,567" in place; text needs room for a third more.
+ZVWIO32_API void InsertCommas(char* text);
+ZVWIO32_API void InsertCommas(long value, char* text);  // text of 16 bytes
+// The file's size (-1 when it can't be read) and its date and time of last
+// change as local text into date (64 bytes; empty when there is none).
 ZVWIO32_API long GetFileDateAndSize(const char* path, char* date);
 
 // --- Format helpers over the registry (OKAMOD of okamod32).

@@ -1,0 +1,22 @@
+// The procedures behind the source dialog numbers. Each source dialog puts
+// its procedure in its case here as it joins the library; a case without
+// one gives null, so the number still says whether the format has a dialog.
+#include "frame.h"
+
+DLGPROC SourceDialogProcedure(zv::SourceDialogProc which)
+{
+    switch (which) {
+    case zv::SourceDialogProc::kNone:
+    case zv::SourceDialogProc::kCgm:          // CGMSrcDlgProc
+    case zv::SourceDialogProc::kClipboard:    // CLPSrcDlgProc
+    case zv::SourceDialogProc::k2dOr3d:       // Src2dOr3dDlgProc
+    case zv::SourceDialogProc::kPixOgf:       // PIXOGFSrcDlgProc
+    case zv::SourceDialogProc::kPcd:          // PCDSrcDlgProc
+    case zv::SourceDialogProc::kPcl:          // PCLSrcDlgProc
+    case zv::SourceDialogProc::kPicPgl:       // PICPGLSrcDlgProc
+    case zv::SourceDialogProc::k3d:           // Zv3dSrcOptionsDlgProc
+    case zv::SourceDialogProc::kInputOptions: // InputOptionsDlgProc
+        break;
+    }
+    return nullptr;
+}

@@ -1,0 +1,98 @@
+// The choice of dialog by format: the rules go in order, the first that
+// fits decides, and names compare without regard to case.
+#include <gtest/gtest.h>
+
+#include "frame_tables.h"
+
+namespace {
+
+using namespace zv;
+
+constexpr short kRaster = 1, kVector = 2, kMetafile = 3, kFax = 5, kEntity = 6;
+
+struct DestCase {
+    const char* key;
+    short destType;
+    short srcType;
+    unsigned short expected;
+};
+
+TEST(DestDialog, FirstRuleThatFitsDecides)
+{
+    const DestCase cases[] = {
+        {"TXT", kFax, kRaster, kDlgFaxOut},          // the fax type goes before any name
+        {"TXT", kRaster, kRaster, kDlgNone},
+        {"eps", kVector, kRaster, kDlgEpsOut},       // names before types, any case
+        {"Gif", kRaster, kRaster, kDlgGifOut},
+        {"ICO", kRaster, kRaster, kDlgIcoOut},
+        {"jpg", kRaster, kRaster, kDlgJpgOut},
+        {"TIF", kFax, kRaster, kDlgFaxOut},
+        {"tif", kRaster, kRaster, kDlgTifOut},
+        {"DXF", kVector, kRaster, kDlgEntityOut},    // the 3D sheet for DXF whatever its type
+        {"dxf", kRaster, kVector, kDlgEntityOut},
+        {"CGM", kRaster, kRaster, kDlgVectorOut},
+        {"PLT", kVector, kRaster, kDlgVectorOut},
+        {"WMF", kMetafile, kRaster, kDlgRasterOut},  // a metafile is raster for a raster source...
+        {"WMF", kMetafile, kVector, kDlgVectorOut},  // ...and vector for a vector one
+        {"WMF", kMetafile, kEntity, kDlgRasterOut},
+        {"IGS", kEntity, kRaster, kDlgEntityOut},
+        {"BMP", kRaster, kVector, kDlgRasterOut},
+        {"XYZ", 0, 0, kDlgRasterOut},
+        {"TIFF", kRaster, kRaster, kDlgRasterOut},   // a whole name, not a prefix
+        {"", kRaster, kRaster, kDlgRasterOut},
+        {nullptr, kVector, kRaster, kDlgVectorOut},  // no key: the types decide
+        {nullptr, kRaster, kRaster, kDlgRasterOut},
+    };
+    for (const DestCase& c : cases)
+        EXPECT_EQ(DestDialogNumber(c.key, c.destType, c.srcType), c.expected)
+            << (c.key ? c.key : "(null)") << " type " << c.destType << " from " << c.srcType;
+}
+
+TEST(SourceDialog, NamedFormatsHaveTheirOwnDialogWhateverTheOperation)
+{
+    struct Case {
+        const char* ext;
+        unsigned short number;
+        SourceDialogProc proc;
+    };
+    const Case cases[] = {
+        {"cgm", kDlgCgmSource, SourceDialogProc::kCgm},    {"CLP", kDlgClipboardSource, SourceDialogProc::kClipboard},
+        {"Dxf", kDlg2dOr3dSource, SourceDialogProc::k2dOr3d}, {"OGF", kDlgPixOgfSource, SourceDialogProc::kPixOgf},
+        {"pcd", kDlgPcdSource, SourceDialogProc::kPcd},    {"PCL", kDlgPclSource, SourceDialogProc::kPcl},
+        {"PGL", kDlgPglSource, SourceDialogProc::kPicPgl}, {"pic", kDlgPicSource, SourceDialogProc::kPicPgl},
+        {"PIX", kDlgPixOgfSource, SourceDialogProc::kPixOgf},
+        // CUT has a dialog, but one its caller runs: the number alone says so.
+        {"CUT", kDlgCutSource, SourceDialogProc::kNone},
+    };
+    for (const Case& c : cases) {
+        for (short operation : {0, 2}) {
+            SourceDialogChoice choice = SourceDialogFor(c.ext, kEntity, 0, operation);
+            EXPECT_EQ(choice.number, c.number) << c.ext;
+            EXPECT_EQ(choice.proc, c.proc) << c.ext;
+        }
+    }
+}
+
+TEST(SourceDialog, OtherFormatsGetInputOptionsOnlyWhenWantedAndNotSaving)
+{
+    SourceDialogChoice open = SourceDialogFor("BMP", kRaster, 1, 0);
+    EXPECT_EQ(open.number, kDlgInputOptions);
+    EXPECT_EQ(open.proc, SourceDialogProc::kInputOptions);
+
+    SourceDialogChoice entity = SourceDialogFor("IGS", kEntity, 1, 7);
+    EXPECT_EQ(entity.number, kDlg3dSource);
+    EXPECT_EQ(entity.proc, SourceDialogProc::k3d);
+
+    for (SourceDialogChoice none : {SourceDialogFor("BMP", kRaster, 1, 2), SourceDialogFor("BMP", kRaster, 0, 0),
+                                    SourceDialogFor("IGS", kEntity, 0, 0)}) {
+        EXPECT_EQ(none.number, kDlgNone);
+        EXPECT_EQ(none.proc, SourceDialogProc::kNone);
+    }
+
+    // Operation 1 has no meaning of its own: it isn't a save.
+    EXPECT_EQ(SourceDialogFor("BMP", kRaster, 1, 1).number, kDlgInputOptions);
+    EXPECT_EQ(SourceDialogFor(nullptr, kRaster, 1, 0).number, kDlgInputOptions);
+    EXPECT_EQ(SourceDialogFor("PCLX", kRaster, 0, 0).number, kDlgNone);
+}
+
+}  // namespace

@@ -1,0 +1,361 @@
+// Controls bound to tags on a real dialog, driven from inside its modal
+// loop by the dialog driver: text is typed into the edits, the Retrieve
+// functions run as a page's kill-active would run them, and the message box
+// that refuses a value is read and answered as a user would.
+#include <windows.h>
+
+#include <commctrl.h>
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+#include "dialog_driver.h"
+#include "tags_test_ids.h"
+#include "zvwio32.h"
+
+namespace {
+
+HINSTANCE Self()
+{
+    return GetModuleHandleA(nullptr);
+}
+
+TEST(StringLists, ItemsAndIndexesFollowChainedEntries)
+{
+    char item[32];
+    EXPECT_EQ(GetListItem(IDS_UNITS_SHOWN, 0, Self(), item, sizeof item), 6);
+    EXPECT_STREQ(item, "Inches");
+    GetListItem(IDS_UNITS_SHOWN, 3, Self(), item, sizeof item);
+    EXPECT_STREQ(item, "Pixels");
+    GetListItem(IDS_UNITS_SHOWN, 4, Self(), item, sizeof item);
+    EXPECT_STREQ(item, "Multiples");
+    EXPECT_EQ(GetListItem(IDS_UNITS_SHOWN, 5, Self(), item, sizeof item), -1);
+    EXPECT_STREQ(item, "");
+    char small[4];
+    EXPECT_EQ(GetListItem(IDS_UNITS_SHOWN, 1, Self(), small, sizeof small), 3);
+    EXPECT_STREQ(small, "Cen");
+
+    EXPECT_EQ(GetListIndex(IDS_UNITS_SHOWN, "multiples", Self()), 4);
+    EXPECT_EQ(GetListIndex(IDS_UNITS_VALUES, "PIX", Self()), 3);
+    EXPECT_EQ(GetListIndex(IDS_UNITS_VALUES, "FEET", Self()), -1);
+    EXPECT_EQ(GetListIndex(IDS_UNITS_VALUES, nullptr, Self()), -1);
+    // A chain whose last entry ends in "~" stops where the table does.
+    EXPECT_EQ(GetListIndex(IDS_OPEN_CHAIN, "second", Self()), 1);
+    EXPECT_EQ(GetListItem(IDS_OPEN_CHAIN, 2, Self(), item, sizeof item), -1);
+    EXPECT_EQ(GetListIndex(9999, "x", Self()), -1);
+}
+
+// --- A dialog template in memory ---------------------------------------------
+
+enum : int {
+    kWidthLabel = 1508, kWidth = 1507, kUnitsLabel = 1503, kUnits = 1501, kSmooth = 1506,
+    kQualityLabel = 4700, kQualityBar = 4701, kQuality = 4702, kTransFirst = 5201, kTransLast = 5203,
+};
+
+class Template {
+public:
+    Template(const char* caption, short cx, short cy)
+    {
+        Align(4);
+        Put32(WS_POPUP | WS_CAPTION | WS_SYSMENU | DS_MODALFRAME | DS_SETFONT);
+        Put32(0);
+        countAt_ = words_.size();
+        Put16(0);
+        Put16(10), Put16(10), Put16(cx), Put16(cy);
+        Put16(0), Put16(0);  // no menu, default class
+        PutText(caption);
+        Put16(8);
+        PutText("MS Shell Dlg");
+    }
+    void Add(const char* cls, WORD atom, const char* text, DWORD style, int id, short x, short y, short cx, short cy)
+    {
+        Align(4);
+        Put32(WS_CHILD | WS_VISIBLE | style);
+        Put32(0);
+        Put16(x), Put16(y), Put16(cx), Put16(cy);
+        Put16(static_cast<WORD>(id));
+        if (cls) {
+            PutText(cls);
+        } else {
+            Put16(0xFFFF);
+            Put16(atom);
+        }
+        PutText(text);
+        Put16(0);
+        ++words_[countAt_];
+    }
+    const DLGTEMPLATE* Get() const { return reinterpret_cast<const DLGTEMPLATE*>(words_.data()); }
+
+private:
+    void Put16(WORD w) { words_.push_back(w); }
+    void Put32(DWORD d) { Put16(LOWORD(d)), Put16(HIWORD(d)); }
+    void PutText(const char* s)
+    {
+        for (; *s; ++s)
+            Put16(static_cast<WORD>(static_cast<unsigned char>(*s)));
+        Put16(0);
+    }
+    void Align(size_t bytes)
+    {
+        while ((words_.size() * 2) % bytes)
+            Put16(0);
+    }
+    std::vector<WORD> words_;
+    size_t countAt_ = 0;
+};
+
+INT_PTR CALLBACK PlainDialogProc(HWND dialog, UINT message, WPARAM wParam, LPARAM)
+{
+    if (message == WM_INITDIALOG)
+        return TRUE;
+    if (message == WM_COMMAND && (LOWORD(wParam) == IDOK || LOWORD(wParam) == IDCANCEL)) {
+        EndDialog(dialog, LOWORD(wParam) == IDOK);
+        return TRUE;
+    }
+    return FALSE;
+}
+
+INT_PTR ShowOptionsDialog(zvtest::DialogDriver& driver)
+{
+    INITCOMMONCONTROLSEX icc = {sizeof icc, ICC_BAR_CLASSES};
+    InitCommonControlsEx(&icc);
+    Template t("Test Options", 260, 160);
+    t.Add(nullptr, 0x0082, "Maximum &width:", SS_LEFT, kWidthLabel, 7, 9, 60, 8);
+    t.Add(nullptr, 0x0081, "", ES_AUTOHSCROLL | WS_BORDER | WS_TABSTOP, kWidth, 70, 7, 50, 12);
+    t.Add(nullptr, 0x0082, "&Units:", SS_LEFT, kUnitsLabel, 7, 26, 60, 8);
+    t.Add(nullptr, 0x0085, "", CBS_DROPDOWNLIST | WS_VSCROLL | WS_TABSTOP, kUnits, 70, 24, 80, 80);
+    t.Add(nullptr, 0x0080, "S&moothing", BS_AUTOCHECKBOX | WS_TABSTOP, kSmooth, 7, 44, 80, 10);
+    t.Add(nullptr, 0x0082, "&Quality:", SS_LEFT, kQualityLabel, 7, 62, 60, 8);
+    t.Add(TRACKBAR_CLASSA, 0, "", TBS_HORZ | WS_TABSTOP, kQualityBar, 70, 60, 100, 14);
+    t.Add(nullptr, 0x0081, "", ES_AUTOHSCROLL | WS_BORDER | WS_TABSTOP, kQuality, 175, 60, 30, 12);
+    for (int i = 0; i < 3; ++i)
+        t.Add(nullptr, 0x0080, i == 0 ? "&None" : (i == 1 ? "&White" : "&Black"), BS_AUTORADIOBUTTON,
+              kTransFirst + i, 7, static_cast<short>(80 + 12 * i), 60, 10);
+    t.Add(nullptr, 0x0080, "OK", BS_DEFPUSHBUTTON | WS_TABSTOP, IDOK, 200, 140, 50, 14);
+    return driver.Run([&] { return DialogBoxIndirectParamA(Self(), t.Get(), nullptr, PlainDialogProc, 0); });
+}
+
+std::string Tag(TagSet* tags, const char* key)
+{
+    const char* v = ZvGetTag(tags, key);
+    return v ? v : "<absent>";
+}
+
+std::string EditText(HWND dialog, int id)
+{
+    char text[128] = {};
+    GetDlgItemTextA(dialog, id, text, sizeof text);
+    return text;
+}
+
+// The caption of the message box that is up, so that a test can see whose
+// name it bears.
+zvtest::DialogDriver::StepFn CaptionOfBox(HWND* dialog, std::string* caption)
+{
+    return [dialog, caption](zvtest::DialogDriver&, HWND) {
+        for (HWND w : zvtest::DialogDriver::ThreadWindows()) {
+            if (w != *dialog && GetWindow(w, GW_OWNER) == *dialog) {
+                *caption = zvtest::DialogDriver::TextOf(w);
+                return zvtest::DialogDriver::Result{zvtest::DialogDriver::Outcome::Done, {}};
+            }
+        }
+        return zvtest::DialogDriver::Result{zvtest::DialogDriver::Outcome::Retry, "no message box yet"};
+    };
+}
+
+TEST(BoundControls, AValueOutOfBoundsIsRefusedToldOnceAndNotStored)
+{
+    TagSet tags;
+    ZvSetTag(&tags, "TIFUNITS", "pix");
+    ZvSetTag(&tags, "JPGQ", "20");
+    ZvSetTag(&tags, "GIFTRANS", "black");
+    ZvSetTag(&tags, "BMPTIFSMOOTH", "on");
+    TagSet* t = &tags;
+
+    HWND dialog = nullptr;
+    int valid = 1, afterBad = -1, afterSecond = -1, afterGood = -1, afterFloat = -1, afterQuality = -1;
+    bool focusOnWidth = false;
+    std::string widthBox, boxCaption, floatBox, qualityBox, qualityEdit, unitsShown;
+    int scrollOfAnEdit = -1, radioShown = 0, checked = -1;
+    char* listResult = nullptr;
+
+    zvtest::DialogDriver d;
+    d.WaitWindow("Test Options")
+        .Do([&](HWND dlg) { dialog = dlg; })
+        // 50000 for a width of 1 to 32000, as a page's kill-active retrieves it.
+        .Type(kWidth, "50000")
+        .Do([&](HWND dlg) {
+            RetrieveEditIntTag(dlg, kWidth, kWidthLabel, "TIF", "W", t, 1, 32000, &valid);
+            afterBad = valid;
+            focusOnWidth = GetFocus() == GetDlgItem(dlg, kWidth);
+        })
+        .Step("caption of the message box", CaptionOfBox(&dialog, &boxCaption))
+        .AnswerMessageBox(IDOK, "Maximum width", &widthBox)
+        // A later bad value of the same retrieval is not told again: a box
+        // here would have no one to answer it and would fail the run.
+        .Do([&](HWND dlg) {
+            RetrieveEditIntTag(dlg, kWidth, kWidthLabel, "TIF", "W", t, 1, 32000, &valid);
+            afterSecond = valid;
+        })
+        .Type(kWidth, "800")
+        .Do([&](HWND dlg) {
+            valid = 1;
+            RetrieveEditIntTag(dlg, kWidth, kWidthLabel, "TIF", "W", t, 1, 32000, &valid);
+            afterGood = valid;
+        })
+        .Type(kWidth, "2.5cm")
+        .Do([&](HWND dlg) {
+            valid = 1;
+            RetrieveEditFloatTag(dlg, kWidth, kWidthLabel, "TIF", "W", t, 0.0, 999999.99, &valid);
+            afterFloat = valid;
+        })
+        .AnswerMessageBox(IDOK, "Maximum width", &floatBox)
+        // The track bar carries its position to its edit; 300 is refused.
+        .Do([&](HWND dlg) {
+            DisplayTrackBarTag(dlg, kQualityBar, kQuality, "JPG", "Q", t, 2, 255);
+            HWND bar = GetDlgItem(dlg, kQualityBar);
+            SendMessageA(bar, TBM_SETPOS, TRUE, 100);
+            HandleTrackBarScroll(dlg, TB_THUMBPOSITION, reinterpret_cast<LPARAM>(bar));
+            qualityEdit = EditText(dlg, kQuality);
+            scrollOfAnEdit = HandleTrackBarScroll(dlg, 0, reinterpret_cast<LPARAM>(GetDlgItem(dlg, kWidth)));
+            valid = 1;
+            RetrieveTrackBarTag(dlg, kQualityBar, kQuality, kQualityLabel, "JPG", "Q", t, 2, 255, &valid);
+        })
+        .Type(kQuality, "300")
+        .Do([&](HWND dlg) {
+            valid = 1;
+            RetrieveTrackBarTag(dlg, kQualityBar, kQuality, kQualityLabel, "JPG", "Q2", t, 2, 255, &valid);
+            afterQuality = valid;
+        })
+        .AnswerMessageBox(IDOK, "Quality", &qualityBox)
+        // A list, a check box and radio buttons, each shown and taken back.
+        .Do([&](HWND dlg) {
+            LoadList(dlg, kUnits, kUnitsLabel, "TIF", "UNITS", t, IDS_UNITS_SHOWN, IDS_UNITS_VALUES, Self());
+            unitsShown = EditText(dlg, kUnits);
+            DisplayCheckBoxTag(dlg, kSmooth, "BMPTIF", "SMOOTH", t);
+            radioShown = DisplayRadioButtonTag(dlg, kTransFirst, kTransLast, "GIF", "TRANS", t, IDS_TRANS_VALUES, Self());
+        })
+        .PickCombo(kUnits, "Multiples")
+        .Click(kSmooth)
+        .Click(kTransFirst + 1)
+        .Do([&](HWND dlg) {
+            listResult = RetrieveList(dlg, kUnits, "TIF", "UNITS", t, IDS_UNITS_VALUES, Self());
+            checked = RetrieveCheckBoxTag(dlg, kSmooth, "BMPTIF", "SMOOTH", t);
+            RetrieveRadioButtonTag(dlg, kTransFirst, kTransLast, "GIF", "TRANS", t, IDS_TRANS_VALUES, Self());
+        })
+        .PressOk();
+    ASSERT_EQ(ShowOptionsDialog(d), 1);
+    EXPECT_FALSE(d.Failed());
+
+    // One message for the width, naming the field and its bounds, in a box
+    // captioned like the dialog; nothing stored, the focus on the field.
+    EXPECT_NE(widthBox.find("Maximum width"), std::string::npos) << widthBox;
+    EXPECT_NE(widthBox.find(" 1 "), std::string::npos) << widthBox;
+    EXPECT_NE(widthBox.find("32000"), std::string::npos) << widthBox;
+    EXPECT_EQ(boxCaption, "Test Options");
+    EXPECT_EQ(afterBad, 0);
+    EXPECT_TRUE(focusOnWidth);
+    EXPECT_EQ(afterSecond, 0);
+    EXPECT_EQ(afterGood, 1);
+
+    // "2.5cm" is no number: refused too, and the stored width stays 800.
+    EXPECT_EQ(afterFloat, 0);
+    EXPECT_NE(floatBox.find("999999.99"), std::string::npos) << floatBox;
+    EXPECT_EQ(Tag(&tags, "TIFW"), "800");
+
+    EXPECT_EQ(qualityEdit, "100");
+    EXPECT_EQ(scrollOfAnEdit, 0);
+    EXPECT_EQ(Tag(&tags, "JPGQ"), "100");
+    EXPECT_EQ(afterQuality, 0);
+    EXPECT_EQ(Tag(&tags, "JPGQ2"), "<absent>");
+    EXPECT_NE(qualityBox.find("255"), std::string::npos) << qualityBox;
+
+    EXPECT_EQ(unitsShown, "Pixels");
+    ASSERT_NE(listResult, nullptr);
+    EXPECT_STREQ(listResult, "MULT");
+    EXPECT_EQ(Tag(&tags, "TIFUNITS"), "MULT");
+    EXPECT_EQ(checked, 0);  // "on" showed checked, the click cleared it
+    EXPECT_EQ(Tag(&tags, "BMPTIFSMOOTH"), "OFF");
+    EXPECT_EQ(radioShown, kTransLast);
+    EXPECT_EQ(Tag(&tags, "GIFTRANS"), "WHITE");
+}
+
+TEST(BoundControls, MissingDisabledAndEmptyControlsStoreQuietly)
+{
+    TagSet tags;
+    ZvSetTag(&tags, "TIFW", "640");
+    ZvSetTag(&tags, "TIFH", "4");
+    TagSet* t = &tags;
+    int valid = 1, listEnabled = -1;
+    char* listResult = reinterpret_cast<char*>(1);
+
+    // Any message box here would go unanswered and fail the run.
+    zvtest::DialogDriver d;
+    d.WaitWindow("Test Options")
+        .Do([&](HWND dlg) {
+            // Controls this template lacks: nothing is stored, nothing told.
+            RetrieveEditIntTag(dlg, 9001, 9002, "", "MISSINGINT", t, 0, 10, &valid);
+            RetrieveCheckBoxTag(dlg, 9003, "", "MISSINGCHECK", t);
+            listResult = RetrieveList(dlg, 9004, "", "MISSINGLIST", t, IDS_UNITS_VALUES, Self());
+        })
+        .Type(kWidth, "-5")
+        .Do([&](HWND dlg) {
+            // A disabled edit with a bad value is left alone without a word.
+            EnableWindow(GetDlgItem(dlg, kWidth), FALSE);
+            RetrieveEditIntTag(dlg, kWidth, kWidthLabel, "TIF", "W", t, 1, 32000, &valid);
+            EnableWindow(GetDlgItem(dlg, kWidth), TRUE);
+        })
+        .SetText(kWidth, "")
+        .Do([&](HWND dlg) {
+            // An empty edit removes its tag; an empty list is disabled.
+            RetrieveEditFloatTag(dlg, kWidth, kWidthLabel, "TIF", "H", t, 1.0, 10.0, &valid);
+            LoadList(dlg, kUnits, kUnitsLabel, "EPS", "CURVE", t, 0, 0, Self());
+            listEnabled = IsWindowEnabled(GetDlgItem(dlg, kUnits)) || IsWindowEnabled(GetDlgItem(dlg, kUnitsLabel));
+        })
+        .PressOk();
+    ASSERT_EQ(ShowOptionsDialog(d), 1);
+    EXPECT_FALSE(d.Failed());
+    EXPECT_EQ(valid, 1);
+    EXPECT_EQ(listResult, nullptr);
+    EXPECT_EQ(Tag(&tags, "MISSINGCHECK"), "<absent>");
+    EXPECT_EQ(Tag(&tags, "TIFW"), "640");
+    EXPECT_EQ(Tag(&tags, "TIFH"), "<absent>");
+    EXPECT_EQ(listEnabled, 0);
+}
+
+TEST(TextHelpers, ColoursKeepTheirByteOrderAndCommasGoInPlace)
+{
+    // The text is red first; a COLORREF holds red in its low byte.
+    EXPECT_EQ(GetColorRefFromTextRGB("FF8000"), RGB(0xFF, 0x80, 0x00));
+    char text[32];
+    GetTextHexRGB(RGB(1, 2, 0xAB), text);
+    EXPECT_STREQ(text, "0102AB");
+    strcpy(text, "-16777216");
+    InsertCommas(text);
+    EXPECT_STREQ(text, "-16,777,216");
+    InsertCommas(-1234567L, text);
+    EXPECT_STREQ(text, "-1,234,567");
+}
+
+TEST(FileHelpers, SizeAndDateOfAFile)
+{
+    char path[MAX_PATH] = {}, dir[MAX_PATH] = {};
+    GetTempPathA(sizeof dir, dir);
+    GetTempFileNameA(dir, "zvt", 0, path);
+    HANDLE h = CreateFileA(path, GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS, 0, nullptr);
+    DWORD n = 0;
+    WriteFile(h, "12345", 5, &n, nullptr);
+    CloseHandle(h);
+    char date[64] = "untouched";
+    EXPECT_EQ(GetFileDateAndSize(path, date), 5);
+    EXPECT_GT(strlen(date), 0u);
+    EXPECT_EQ(ZvCanReadFile(path), 1);
+    DeleteFileA(path);
+    EXPECT_EQ(GetFileDateAndSize(path, date), -1);
+    EXPECT_STREQ(date, "");
+    EXPECT_EQ(ZvCanReadFile(path), 0);
+    EXPECT_GE(GetNumColors(nullptr), 256);
+}
+
+}  // namespace

@@ -1,0 +1,128 @@
+// Temporary files keep or lose their file by the name field at close; the
+// list service and the shared allocator.
+#include <windows.h>
+
+#include <gtest/gtest.h>
+
+#include <cstring>
+#include <string>
+#include <vector>
+
+#include "okaio32.h"
+
+namespace {
+
+bool FileExists(const char* path)
+{
+    return GetFileAttributesA(path) != INVALID_FILE_ATTRIBUTES;
+}
+
+std::string ReadFileText(const char* path)
+{
+    std::string text;
+    HANDLE h = CreateFileA(path, GENERIC_READ, FILE_SHARE_READ, nullptr, OPEN_EXISTING, 0, nullptr);
+    if (h == INVALID_HANDLE_VALUE)
+        return text;
+    char buffer[256];
+    DWORD n = 0;
+    while (ReadFile(h, buffer, sizeof buffer, &n, nullptr) && n)
+        text.append(buffer, n);
+    CloseHandle(h);
+    return text;
+}
+
+TEST(TempFile, CloseWithTheNameSetRemovesTheFile)
+{
+    tagSFILE* file = nullptr;
+    ASSERT_EQ(OkiOpenTempFile(&file, 0x302, 0), OKI_OK);
+    ASSERT_NE(file, nullptr);
+    ASSERT_NE(file->name, nullptr);
+    const std::string path = file->name;
+    EXPECT_TRUE(FileExists(path.c_str()));
+    EXPECT_EQ(file->write(file, "Invert\n\r", 8), OKI_OK);
+    EXPECT_EQ(file->error, 0);
+    EXPECT_EQ(file->close(file), 0);
+    EXPECT_FALSE(FileExists(path.c_str()));
+}
+
+TEST(TempFile, ACallerThatTakesTheNameOutKeepsTheFileAndThePath)
+{
+    tagSFILE* file = nullptr;
+    ASSERT_EQ(OkiOpenTempFile(&file, 0x302, 0), OKI_OK);
+    file->write(file, "ReverseBW\n\r", 11);
+    file->write(file, "Grayize\n\r", 9);
+    char* path = file->name;
+    file->name = nullptr;
+    EXPECT_EQ(file->close(file), 0);
+    ASSERT_TRUE(FileExists(path));
+    EXPECT_EQ(ReadFileText(path), "ReverseBW\n\rGrayize\n\r");
+    EXPECT_TRUE(DeleteFileA(path));
+    OkiFreeSMem(path);  // the path is the caller's now
+}
+
+TEST(TempFile, TheFirstErrorStaysAndComesBackFromClose)
+{
+    tagSFILE* file = nullptr;
+    ASSERT_EQ(OkiOpenTempFile(&file, 0x302, 0), OKI_OK);
+    // A write from no buffer fails; later good writes don't clear the error.
+    EXPECT_EQ(file->write(file, nullptr, 4), OKI_ERR_WRITE);
+    EXPECT_EQ(file->write(file, "ok", 2), OKI_OK);
+    EXPECT_EQ(file->error, OKI_ERR_WRITE);
+    EXPECT_EQ(file->close(file), OKI_ERR_WRITE);
+    EXPECT_EQ(OkiOpenTempFile(nullptr, 0x302, 0), OKI_ERR_ARGUMENT);
+}
+
+struct ColourPair {
+    COLORREF from, to;
+};
+
+TEST(ListService, NodesKeepTheirOrderAndComeOutCleanly)
+{
+    OkiList* list = OkiCreateList();
+    ASSERT_NE(list, nullptr);
+    std::vector<OkiNode*> nodes;
+    for (COLORREF c = 1; c <= 4; ++c) {
+        OkiNode* node = OkiCreateNode(sizeof(ColourPair));
+        ASSERT_NE(node, nullptr);
+        auto* pair = static_cast<ColourPair*>(OkiNodeData(node));
+        EXPECT_EQ(pair->from, 0u);  // the payload starts zeroed
+        pair->from = c;
+        pair->to = c * 10;
+        OkiAddTail(list, node);
+        nodes.push_back(node);
+    }
+    EXPECT_EQ(OkiExtractNode(list, nodes[1]), nodes[1]);
+    EXPECT_EQ(OkiExtractNode(list, nodes[1]), nullptr);  // not in the list any more
+    OkiDestroyNode(nodes[1]);
+    OkiDestroyNode(nodes[3]);  // still linked: it leaves the list first
+
+    std::vector<COLORREF> order;
+    for (OkiNode* n = OkiNextNode(list, nullptr); n; n = OkiNextNode(list, n))
+        order.push_back(reinterpret_cast<ColourPair*>(n)->to);  // the node is its payload
+    EXPECT_EQ(order, (std::vector<COLORREF>{10, 30}));
+    OkiDestroyList(list);
+}
+
+struct Counted : OKAObject {
+    int value = 42;
+};
+
+TEST(SharedMemory, BlocksAreZeroedAndObjectsUseTheSharedAllocator)
+{
+    auto* block = static_cast<unsigned char*>(OkiAllocSMem(4096));
+    ASSERT_NE(block, nullptr);
+    for (int i = 0; i < 4096; ++i)
+        ASSERT_EQ(block[i], 0);
+    OkiFreeSMem(block);
+    OkiFreeSMem(nullptr);
+    void* empty = OkiAllocSMem(0);  // a block of its own even for nothing
+    EXPECT_NE(empty, nullptr);
+    OkiFreeSMem(empty);
+    Counted* c = new Counted;
+    ASSERT_NE(c, nullptr);
+    EXPECT_EQ(c->value, 42);
+    delete c;
+    OkiSound(1000, 10);
+}
+
+}  // namespace

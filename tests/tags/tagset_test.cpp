@@ -1,0 +1,247 @@
+// Sets through the libraries' own interfaces: stored places that outlive a
+// process, chains and global writes, and the size tags of a destination.
+#include <windows.h>
+
+#include <gtest/gtest.h>
+
+#include <string>
+
+#include "zvwio32.h"
+
+namespace {
+
+const char kEnvPath[] = "ZV_TAGS_STORED_PATH";
+
+// A stored place of its own for each test, taken away at the end.
+struct StoredPlace {
+    std::string path;
+    StoredPlace()
+    {
+        path = "ZvTagsTest\\" + std::to_string(GetCurrentProcessId()) + "_" + std::to_string(GetTickCount());
+    }
+    ~StoredPlace()
+    {
+        RegDeleteTreeA(HKEY_CURRENT_USER, ("Software\\Zavrin\\Tags\\" + path).c_str());
+    }
+};
+
+std::string Text(const char* value)
+{
+    return value ? value : "<absent>";
+}
+
+DWORD RunSecondProcess(const std::string& path)
+{
+    char exe[MAX_PATH] = {};
+    GetModuleFileNameA(nullptr, exe, sizeof exe);
+    std::string command = std::string("\"") + exe + "\" --gtest_filter=StoredSet.SecondProcessSide";
+    SetEnvironmentVariableA(kEnvPath, path.c_str());
+    STARTUPINFOA si = {};
+    si.cb = sizeof si;
+    PROCESS_INFORMATION pi = {};
+    const BOOL started = CreateProcessA(nullptr, command.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr, &si, &pi);
+    SetEnvironmentVariableA(kEnvPath, nullptr);
+    if (!started)
+        return 0xFFFFFFFF;
+    WaitForSingleObject(pi.hProcess, 60000);
+    DWORD code = 0xFFFFFFFE;
+    GetExitCodeProcess(pi.hProcess, &code);
+    CloseHandle(pi.hThread);
+    CloseHandle(pi.hProcess);
+    return code;
+}
+
+TEST(StoredSet, ASecondProcessSeesWhatTheFirstStored)
+{
+    StoredPlace place;
+    {
+        TagSet first;
+        ASSERT_EQ(first.SetPath(place.path.c_str(), 1), OKI_OK);
+        ZvSetTag(&first, "SAVEDIR", "C:\\images");
+        ZvSetTag(&first, "GONE", "soon");
+        ZvSetTag(&first, "GONE", "");
+        // A child's write reaches the stored place only when fused; a
+        // dropped child's write never does.
+        TagSet kept, dropped;
+        first.SetChild(&kept);
+        ZvSetTag(&first, "TIFW", "640");
+        kept.FuseWithParent();
+        first.SetChild(&dropped);
+        ZvSetTag(&first, "TIFH", "480");
+        first.SetChild(nullptr);
+    }
+    ASSERT_EQ(RunSecondProcess(place.path), 0u);
+
+    // And what the second process stored is there for a new binding here.
+    TagSet again;
+    ASSERT_EQ(again.SetPath(place.path.c_str(), 1), OKI_OK);
+    EXPECT_EQ(Text(ZvGetTag(&again, "SECOND")), "answer");
+    EXPECT_STREQ(again.GetPath(), place.path.c_str());
+}
+
+// Runs only as the second process of the test above.
+TEST(StoredSet, SecondProcessSide)
+{
+    char path[512] = {};
+    if (!GetEnvironmentVariableA(kEnvPath, path, sizeof path))
+        GTEST_SKIP() << "runs as the second process of ASecondProcessSeesWhatTheFirstStored";
+    TagSet second;
+    ASSERT_EQ(second.SetPath(path, 1), OKI_OK);
+    EXPECT_EQ(Text(ZvGetTag(&second, "savedir")), "C:\\images");
+    EXPECT_EQ(Text(ZvGetTag(&second, "GONE")), "<absent>");
+    EXPECT_EQ(Text(ZvGetTag(&second, "TIFW")), "640");
+    EXPECT_EQ(Text(ZvGetTag(&second, "TIFH")), "<absent>");
+    EXPECT_EQ(ZvSetTag(&second, "SECOND", "answer"), OKI_OK);
+}
+
+TEST(StoredSet, APlaceThatCannotBeOpenedLeavesAnEmptySetAndSaysSo)
+{
+    StoredPlace place;
+    {
+        TagSet s;
+        ASSERT_EQ(s.SetPath(place.path.c_str(), 1), OKI_OK);
+        ZvSetTag(&s, "A", "1");
+    }
+    TagSet s;
+    ZvSetTag(&s, "BEFORE", "x");
+    // Registry key names hold at most 255 characters.
+    const std::string bad = place.path + "\\" + std::string(300, 'k');
+    EXPECT_EQ(s.SetPath(bad.c_str(), 1), OKI_ERR_OPEN);
+    EXPECT_EQ(ZvGetTag(&s, "BEFORE"), nullptr);
+    EXPECT_EQ(ZvSetTag(&s, "AFTER", "kept in memory"), OKI_OK);
+    EXPECT_EQ(Text(ZvGetTag(&s, "AFTER")), "kept in memory");
+    EXPECT_EQ(s.SetPath(nullptr, 1), OKI_ERR_ARGUMENT);
+    EXPECT_EQ(s.SetPath(place.path.c_str(), 2), OKI_ERR_ARGUMENT);
+    EXPECT_EQ(s.SetPath(place.path.c_str(), 1), OKI_OK);
+    EXPECT_EQ(Text(ZvGetTag(&s, "A")), "1");
+}
+
+TEST(ZvTags, GlobalWritesGoToTheRootAndOutliveADroppedChild)
+{
+    TagSet* root = new TagSet;
+    TagSet* sheet = new TagSet;
+    TagSet* inner = new TagSet;
+    root->SetChild(sheet);
+    sheet->SetChild(inner);
+    EXPECT_EQ(root->GetLastChild(), inner);
+    EXPECT_EQ(inner->GetParent(), sheet);
+    EXPECT_EQ(root->GetParent(), nullptr);
+
+    ZvSetTag(root, "MEMORIZE", "ON");
+    ZvSetGlobalTag(inner, "SCALE", "FIT");
+    ZvSetGlobalIntTag(root, "COUNT", 3);
+    ZvSetIntTag(root, "TIFQ", -20);
+    ZvSetFloatTag(root, "TIFW", 2.0 / 3.0, 4);
+    EXPECT_EQ(Text(ZvGetTag(root, "TIFW")), "0.6667");
+    EXPECT_EQ(ZvGetIntTag(root, "TIFQ"), -20);
+
+    // The sheet destroys its sets before the parent lets go of them.
+    delete inner;
+    delete sheet;
+    root->SetChild(nullptr);
+    EXPECT_EQ(root->GetLastChild(), nullptr);
+    EXPECT_EQ(Text(ZvGetTag(root, "MEMORIZE")), "<absent>");
+    EXPECT_EQ(Text(ZvGetTag(root, "SCALE")), "FIT");
+    EXPECT_EQ(ZvGetIntTag(root, "COUNT"), 3);
+    delete root;
+}
+
+TEST(ZvTags, BadInputIsRefusedWithoutHarm)
+{
+    TagSet s;
+    EXPECT_LT(ZvSetTag(&s, nullptr, "x"), 0);
+    EXPECT_LT(ZvSetTag(&s, "", "x"), 0);
+    EXPECT_LT(ZvSetTag(nullptr, "A", "x"), 0);
+    EXPECT_EQ(ZvGetTag(nullptr, "A"), nullptr);
+    EXPECT_EQ(ZvGetTag(&s, nullptr), nullptr);
+    EXPECT_EQ(ZvOpenTagSearch(nullptr, "A"), nullptr);
+    EXPECT_EQ(ZvTagSearch(nullptr), nullptr);
+    ZvSetTag(&s, "WORD", "twelve");
+    EXPECT_EQ(ZvGetIntTag(&s, "WORD"), 0);
+    EXPECT_EQ(ZvGetFloatTag(&s, "WORD"), 0.0);
+    EXPECT_EQ(ZvGetIntTag(&s, "MISSING"), 0);
+}
+
+TEST(ZvTags, SearchHoldsStillWhileTagsChange)
+{
+    TagSet root, child;
+    ZvSetTag(&root, "PCLLFC:\\fonts\\a.sfp", "1");
+    ZvSetTag(&root, "PCLLFC:\\fonts\\b.sfp", "1");
+    ZvSetTag(&root, "PCLFPATH", "C:\\fonts");
+    root.SetChild(&child);
+    ZvSetTag(&root, "pcllfC:\\fonts\\c.sfp", "1");
+
+    TagSearch* search = ZvOpenTagSearch(&root, "PCLLF");
+    ASSERT_NE(search, nullptr);
+    int count = 0;
+    while (char* name = ZvTagSearch(search)) {
+        ++count;
+        ZvSetTag(&root, (std::string("PCLLF") + name).c_str(), "");
+        ZvSetTag(&root, (std::string("PCLLFD:\\") + std::to_string(count)).c_str(), "1");
+    }
+    delete search;
+    EXPECT_EQ(count, 3);
+    search = ZvOpenTagSearch(&root, "");
+    count = 0;
+    while (ZvTagSearch(search))
+        ++count;
+    delete search;
+    EXPECT_EQ(count, 4);  // PCLFPATH and the three new D: fonts
+}
+
+TEST(ResolutionTags, ConvertOnceEachWayAndResizeReadsTheRightUnit)
+{
+    TagSet root;
+    ZvSetTag(&root, "TIFHR", "846.6666666667");  // 300 dots per inch
+    ZvSetTag(&root, "TIFVR", "1693.3333333333"); // 150
+    ZvSetTag(&root, "TIFUNITS", "IN");
+    ZvSetTag(&root, "TIFW", "2");
+    ZvSetTag(&root, "TIFH", "2");
+    ZvSetTag(&root, "TIFSCALING", "Distort to Frame");
+    long w = 0, h = 0;
+    ASSERT_EQ(CalculateResize(&root, "TIF", 100, 100, &w, &h), 1);
+    EXPECT_EQ(w, 600);
+    EXPECT_EQ(h, 300);
+
+    // A page lives in a child set: its resolutions are in dots per inch, and
+    // a second conversion (the resize page makes two) leaves them so.
+    TagSet page;
+    root.SetChild(&page);
+    ResolutionToDPI(&root, "TIF");
+    EXPECT_EQ(Text(ZvGetTag(&root, "TIFHR")), "300");
+    ZvSetFloatTag(&root, "TIFHR", 100.0, 32);
+    ResolutionToDPI(&root, "TIF");
+    EXPECT_EQ(Text(ZvGetTag(&root, "TIFHR")), "100");
+    ASSERT_EQ(CalculateResize(&root, "TIF", 100, 100, &w, &h), 1);
+    EXPECT_EQ(w, 200);
+    EXPECT_EQ(h, 300);
+    ResolutionToDeciMicrons(&root, "TIF");
+    EXPECT_EQ(Text(ZvGetTag(&root, "TIFHR")), "2540");
+    ResolutionToDeciMicrons(&root, "TIF");  // no second conversion
+    EXPECT_EQ(Text(ZvGetTag(&root, "TIFHR")), "2540");
+
+    // A page that stores tenths of microns itself and skips the way back:
+    // once its set is fused, the values read as tenths of microns again.
+    ResolutionToDPI(&root, "TIF");
+    ZvSetIntTag(&root, "TIFHR", 1245);
+    page.FuseWithParent();
+    root.SetChild(nullptr);
+    ASSERT_EQ(CalculateResize(&root, "TIF", 100, 100, &w, &h), 1);
+    EXPECT_EQ(w, 408);  // 2 inches at 204 dots per inch
+}
+
+TEST(ResolutionTags, NoSizeTagsAskForNothing)
+{
+    TagSet s;
+    long w = 7, h = 7;
+    EXPECT_EQ(CalculateResize(&s, "TIF", 640, 480, &w, &h), 0);
+    EXPECT_EQ(w, 0);
+    EXPECT_EQ(CalculateResize(nullptr, "TIF", 640, 480, &w, &h), 0);
+    ZvSetTag(&s, "~~~W", "320");
+    ZvSetTag(&s, "~~~UNITS", "PIX");
+    ZvSetTag(&s, "~~~SCALING", "Fit in Width");
+    EXPECT_EQ(CalculateResize(&s, "~~~", 640, 480, &w, &h), 1);
+    EXPECT_EQ(h, 240);
+}
+
+}  // namespace

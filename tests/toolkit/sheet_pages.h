@@ -1,0 +1,8 @@
+#pragma once
+
+#define IDD_FIRST_PAGE 100
+#define IDD_SECOND_PAGE 101
+#define IDD_THIRD_PAGE 102
+#define IDC_FIRST_EDIT 1001
+#define IDC_FIRST_CHECK 1002
+#define IDC_SECOND_EDIT 1101
