@@ -49,6 +49,9 @@ public:
     void LoadDepthList(HWND dialog, int listId, int labelId, const char* key, TagSet* tags);
 
     const FormatTable* Table() const { return table_; }
+    // The table row of a format index (format_table.h), -1 for null or a
+    // value that no registry handed out.
+    int Row(HKEY index) const;
 
 private:
     const FormatTable* table_;

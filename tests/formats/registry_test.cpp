@@ -1,0 +1,120 @@
+// OKAMOD and the Zv lookups, through the DLLs: every format the option
+// library names, its other spellings, and input that names nothing.
+#include <gtest/gtest.h>
+
+#include <cstdint>
+#include <cstring>
+#include <string>
+
+#include "okamod32.h"
+#include "zvwio32.h"
+
+namespace {
+
+struct Named {
+    const char* ext;
+    const char* key;
+    int type;
+    int source;
+    int dest;
+};
+
+const Named kNamed[] = {
+    {"BMP", "BMP", 1, 1, 1}, {"TIF", "TIF", 1, 1, 1}, {"GIF", "GIF", 1, 1, 1}, {"JPG", "JPG", 1, 1, 1},
+    {"PCX", "PCX", 1, 1, 1}, {"ICO", "ICO", 1, 1, 1}, {"PNG", "PNG", 1, 1, 1}, {"TGA", "TGA", 1, 1, 1},
+    {"MAC", "MAC", 1, 1, 1}, {"IMG", "IMG", 1, 1, 1}, {"PCD", "PCD", 1, 1, 0}, {"CUT", "CUT", 1, 1, 0},
+    {"PCL", "PCL", 1, 1, 1}, {"PRN", "PRN", 1, 0, 0}, {"DCX", "DCX", 5, 1, 1}, {"SCI", "SCI", 5, 1, 1},
+    {"WMF", "WMF", 3, 1, 1}, {"EMF", "EMF", 3, 1, 1}, {"PCT", "PCT", 3, 1, 1}, {"WPG", "WPG", 3, 1, 1},
+    {"EPS", "EPS", 3, 1, 1}, {"PIX", "PIX", 3, 1, 1}, {"CLP", "CLP", 3, 1, 0}, {"CGM", "CGM", 2, 1, 1},
+    {"CDR", "CDR", 2, 1, 1}, {"DRW", "DRW", 2, 1, 1}, {"OGF", "OGF", 2, 1, 1}, {"PIC", "PIC", 2, 1, 0},
+    {"PGL", "PGL", 2, 1, 0}, {"TXT", "TXT", 2, 1, 1}, {"DXF", "DXF", 6, 1, 1}, {"WRL", "WRL", 6, 1, 1},
+    {"jpeg", "JPG", 1, 1, 1}, {"Jpe", "JPG", 1, 1, 1}, {"tiff", "TIF", 1, 1, 1}, {"pict", "PCT", 3, 1, 1},
+};
+
+class Registry : public ::testing::Test {
+protected:
+    void SetUp() override { formats = new OKAMOD(nullptr); }
+    void TearDown() override { delete formats; }
+    OKAMOD* formats = nullptr;
+};
+
+TEST_F(Registry, EveryNamedFormatAnswersTypeAccessKeyAndName)
+{
+    for (const Named& want : kNamed) {
+        SCOPED_TRACE(want.ext);
+        HKEY index = ZvGetIndex(formats, want.ext);
+        ASSERT_NE(index, nullptr);
+        EXPECT_EQ(index, formats->GetIndex(want.ext));
+        EXPECT_EQ(formats->GetType(index), want.type);
+        EXPECT_EQ(formats->IsSource(index), want.source);
+        EXPECT_EQ(formats->IsDest(index), want.dest);
+        EXPECT_STREQ(ZvGetInternalExt(formats, want.ext), want.key);
+        EXPECT_EQ(ZvIsModRaster(formats, want.ext), want.type == 1 || want.type == 5 ? 1 : 0);
+        EXPECT_STRNE(ZvGetName(formats, index), "");
+        // A key looked up again stays itself and names the same format.
+        EXPECT_STREQ(ZvGetInternalExt(formats, ZvGetInternalExt(formats, want.ext)), want.key);
+        EXPECT_EQ(ZvGetIndex(formats, want.key), index);
+    }
+    // One table serves every registry of the process, and so do its indexes.
+    OKAMOD* other = new OKAMOD(nullptr);
+    EXPECT_STREQ(ZvGetName(other, formats->GetIndex("WMF")), "Windows Metafile");
+    delete other;
+}
+
+TEST_F(Registry, UnknownAndNullInputNameNoFormatAndCrashNothing)
+{
+    for (const char* ext : {"XYZ", "", "~~~", "CAP", "ABCDEFGHIJKLMNOP"}) {
+        SCOPED_TRACE(ext);
+        EXPECT_EQ(ZvGetIndex(formats, ext), nullptr);
+        EXPECT_EQ(ZvIsModRaster(formats, ext), 0);
+    }
+    EXPECT_EQ(ZvGetIndex(formats, nullptr), nullptr);
+    EXPECT_EQ(ZvGetIndex(nullptr, "BMP"), nullptr);
+    EXPECT_EQ(formats->GetType(nullptr), 0);
+    EXPECT_EQ(formats->IsSource(nullptr), 0);
+    EXPECT_EQ(formats->IsDest(nullptr), 0);
+    HKEY foreign = reinterpret_cast<HKEY>(static_cast<std::uintptr_t>(100000));
+    EXPECT_EQ(formats->GetType(foreign), 0);
+    EXPECT_STREQ(ZvGetName(formats, foreign), "");
+    EXPECT_STREQ(ZvGetName(formats, nullptr), "");
+    EXPECT_STREQ(ZvGetName(nullptr, formats->GetIndex("BMP")), "");
+    EXPECT_EQ(ZvIsModRaster(nullptr, "BMP"), 0);
+}
+
+TEST_F(Registry, InternalExtensionOfAnUnknownExtensionIsItselfInThreeCapitals)
+{
+    EXPECT_STREQ(ZvGetInternalExt(formats, "xyzzy"), "XYZ");
+    EXPECT_STREQ(ZvGetInternalExt(formats, "~~~"), "~~~");
+    EXPECT_STREQ(ZvGetInternalExt(formats, nullptr), "");
+    // Without a registry nothing is known, not even BMP.
+    EXPECT_STREQ(ZvGetInternalExt(nullptr, "jpeg"), "JPE");
+    // Two answers at once stay apart: each call has a buffer of its own.
+    const char* first = ZvGetInternalExt(formats, "abc");
+    const char* second = ZvGetInternalExt(formats, "def");
+    EXPECT_STREQ(first, "ABC");
+    EXPECT_STREQ(second, "DEF");
+}
+
+TEST_F(Registry, AllExtensionsAreTheMainOnesOncePerFormat)
+{
+    char** all = ZvGetAllExtensions(formats);
+    ASSERT_NE(all, nullptr);
+    int count = 0;
+    bool sawBmp = false, sawJpeg = false;
+    for (char** p = all; *p != nullptr; ++p, ++count) {
+        sawBmp = sawBmp || std::strcmp(*p, "BMP") == 0;
+        sawJpeg = sawJpeg || std::strcmp(*p, "JPEG") == 0;
+        EXPECT_NE(ZvGetIndex(formats, *p), nullptr) << *p;
+    }
+    EXPECT_TRUE(sawBmp);
+    EXPECT_FALSE(sawJpeg);
+    EXPECT_GE(count, 30);
+    ZvFreeAllExtensions(formats, all);
+
+    char** none = ZvGetAllExtensions(nullptr);
+    ASSERT_NE(none, nullptr);
+    EXPECT_EQ(none[0], nullptr);
+    ZvFreeAllExtensions(nullptr, none);
+}
+
+}  // namespace

@@ -1,0 +1,94 @@
+#include <cstring>
+#include <vector>
+
+#include "engine_codes.h"
+#include "engine_test_util.h"
+
+using namespace ravi;
+
+namespace {
+
+std::vector<uint8_t> DibBytes(int32_t w, int32_t h, int bits)
+{
+    Image image = test::MakeOrDie(w, h, bits);
+    return std::vector<uint8_t>(image.Data(), image.Data() + image.Size());
+}
+
+void Patch(std::vector<uint8_t>& bytes, size_t offset, const void* value, size_t n)
+{
+    std::memcpy(bytes.data() + offset, value, n);
+}
+
+}  // namespace
+
+TEST(Dib, SizesFollowWidthDepthAndFullTable)
+{
+    DibLayout l;
+    ASSERT_EQ(ComputeDibLayout(100, 10, 1, &l), 0);
+    EXPECT_EQ(l.totalBytes, 208u);
+    ASSERT_EQ(ComputeDibLayout(10, 10, 8, &l), 0);
+    EXPECT_EQ(l.totalBytes, 1184u);
+    ASSERT_EQ(ComputeDibLayout(10, 10, 24, &l), 0);
+    EXPECT_EQ(l.totalBytes, 360u);
+    ASSERT_EQ(ComputeDibLayout(3, 1, 4, &l), 0);
+    EXPECT_EQ(l.stride, 4u);
+    EXPECT_EQ(l.pixelOffset, 40u + 64u);
+}
+
+TEST(Dib, ReadsBackWhatItMade)
+{
+    for (int bits : test::kDepths) {
+        std::vector<uint8_t> bytes = DibBytes(7, 5, bits);
+        Image copy;
+        ASSERT_EQ(ImageFromDib(bytes.data(), bytes.size(), &copy), 0) << bits;
+        EXPECT_EQ(copy.Width(), 7);
+        EXPECT_EQ(copy.Height(), 5);
+        EXPECT_EQ(copy.Bits(), bits);
+        EXPECT_EQ(copy.Size(), bytes.size());
+    }
+}
+
+TEST(Dib, BadHeadersGiveCodesNotReads)
+{
+    std::vector<uint8_t> good = DibBytes(9, 4, 24);
+    Image image;
+    // Shorter than a header, and one byte short of the rows.
+    EXPECT_EQ(ImageFromDib(good.data(), 39, &image), kEngineTruncated);
+    EXPECT_EQ(ImageFromDib(good.data(), good.size() - 1, &image), kEngineTruncated);
+    EXPECT_EQ(ImageFromDib(nullptr, 0, &image), kEngineTruncated);
+
+    auto with = [&](size_t offset, auto value) {
+        std::vector<uint8_t> b = good;
+        Patch(b, offset, &value, sizeof value);
+        return ImageFromDib(b.data(), b.size(), &image);
+    };
+    EXPECT_EQ(with(0, uint32_t(108)), kEngineBadHeader);      // another header size
+    EXPECT_EQ(with(12, uint16_t(2)), kEngineBadHeader);       // planes
+    EXPECT_EQ(with(16, uint32_t(1)), kEngineBadHeader);       // compressed
+    EXPECT_EQ(with(4, int32_t(0)), kEngineBadSize);
+    EXPECT_EQ(with(8, int32_t(-4)), kEngineBadSize);          // top-down is not ours
+    EXPECT_EQ(with(4, int32_t(0x7FFFFFFF)), kEngineBadSize);
+    EXPECT_EQ(with(14, uint16_t(16)), kEngineBadDepth);
+    EXPECT_EQ(with(14, uint16_t(32)), kEngineTruncated);      // more rows than bytes
+    std::vector<uint8_t> pal = DibBytes(4, 4, 4);
+    uint32_t tooMany = 17;
+    Patch(pal, 32, &tooMany, 4);
+    EXPECT_EQ(ImageFromDib(pal.data(), pal.size(), &image), kEngineBadHeader);
+    // Large but legal sides whose product would not fit a section.
+    EXPECT_EQ(MakeImage(65535, 65535, 32, &image), kEngineNoMemory);
+}
+
+TEST(EngineCodes, EveryCodeHasTextAndAvoidsTheOthersCodes)
+{
+    for (int i = 0; i < kEngineCodeCount; ++i) {
+        short code = kEngineCodeTable[i].code;
+        EXPECT_LT(code, 0);
+        EXPECT_NE(code, -1007);
+        EXPECT_NE(code, -250);
+        EXPECT_FALSE(code >= -258 && code <= -202) << code;
+        EXPECT_STREQ(EngineCodeText(code), kEngineCodeTable[i].text);
+        for (int j = i + 1; j < kEngineCodeCount; ++j)
+            EXPECT_NE(code, kEngineCodeTable[j].code);
+    }
+    EXPECT_EQ(EngineCodeText(-1), nullptr);
+}

@@ -1,0 +1,137 @@
+#include <gtest/gtest.h>
+
+#include <string>
+
+#include "script_parser.h"
+#include "script_runner.h"
+
+using namespace ravi;
+
+namespace {
+
+ScriptParse Parse(const std::string& text)
+{
+    ScriptParse p;
+    ParseScript(reinterpret_cast<const uint8_t*>(text.data()), text.size(), &p);
+    return p;
+}
+
+}  // namespace
+
+TEST(ScriptParser, EmptyFileHoldsNoCommand)
+{
+    ScriptParse p = Parse("");
+    EXPECT_EQ(p.code, 0);
+    EXPECT_EQ(p.badLine, 0);
+    EXPECT_TRUE(p.commands.empty());
+}
+
+TEST(ScriptParser, ReadsEveryWordOfTheVocabulary)
+{
+    ScriptParse p = Parse(
+        "ReverseBW\n\rChangeColor 255 16711680\n\rBlackize\n\rGrayize\n\rGamma 10 -5 0\n\rInvert\n\r"
+        "Rotate 270 1 0\n\rRasterize 850 450 8\n\rResize 640 480 1\n\rEqualize\n\rReduce 8 2 256 4234\n\r"
+        "PrepRaster 1 2 16\n\rVectorize 1 3 1 0 10 0\n\r");
+    ASSERT_EQ(p.code, 0);
+    ASSERT_EQ(p.commands.size(), 13u);
+    const ScriptOp ops[] = {ScriptOp::ReverseBW, ScriptOp::ChangeColor, ScriptOp::Blackize, ScriptOp::Grayize,
+                            ScriptOp::Gamma, ScriptOp::Invert, ScriptOp::Rotate, ScriptOp::Rasterize,
+                            ScriptOp::Resize, ScriptOp::Equalize, ScriptOp::Reduce, ScriptOp::PrepRaster,
+                            ScriptOp::Vectorize};
+    for (size_t i = 0; i < 13; ++i) {
+        EXPECT_EQ(p.commands[i].op, ops[i]);
+        EXPECT_EQ(p.commands[i].line, int(i) + 1);
+    }
+    EXPECT_EQ(p.commands[1].args[1], 16711680);
+    EXPECT_EQ(p.commands[4].args[0], 10);
+    EXPECT_EQ(p.commands[4].args[1], -5);
+    EXPECT_EQ(p.commands[10].argCount, 4);
+    EXPECT_EQ(p.commands[10].args[3], 4234);
+    EXPECT_STREQ(ScriptWord(ScriptOp::Reduce), "Reduce");
+}
+
+TEST(ScriptParser, StopsAtTheFirstBadLineAndKeepsTheLinesBefore)
+{
+    struct Case {
+        const char* text;
+        short code;
+        int line;
+    };
+    const Case cases[] = {
+        {"Invert\n\rGamma 1 2 3\r\n", kScriptBadLineEnd, 2},        // CR LF
+        {"Invert\n\rEqualize", kScriptBadLineEnd, 2},               // no line end
+        {"Invert\n\rEqualize\n", kScriptBadLineEnd, 2},             // LF alone at the end
+        {"Invert\n\rEqualize\rInvert\n\r", kScriptBadLineEnd, 2},   // lone CR inside
+        {"Invert\n\r\n\rInvert\n\r", kScriptEmptyLine, 2},
+        {"Invert\n\rinvert\n\r", kScriptUnknownWord, 2},            // words keep their case
+        {"Invert\n\rInvertX\n\r", kScriptUnknownWord, 2},
+        {"Invert\n\rRotate 90 0\n\r", kScriptArgumentCount, 2},
+        {"Invert\n\rInvert 1\n\r", kScriptArgumentCount, 2},
+        {"Invert\n\rGamma 1 2 3 4\n\r", kScriptArgumentCount, 2},
+        {"Invert\n\rGamma 101 0 0\n\r", kScriptOutOfRange, 2},
+        {"Invert\n\rGamma 0 -101 0\n\r", kScriptOutOfRange, 2},
+        {"Invert\n\rRotate 90 2 0\n\r", kScriptOutOfRange, 2},
+        {"Invert\n\rResize 0 10 0\n\r", kScriptOutOfRange, 2},
+        {"Invert\n\rResize 32768 10 0\n\r", kScriptOutOfRange, 2},
+        {"Invert\n\rReduce 25 0 0 0\n\r", kScriptOutOfRange, 2},
+        {"Invert\n\rReduce 8 4 0 0\n\r", kScriptOutOfRange, 2},
+        {"Invert\n\rRasterize 10 10 16\n\r", kScriptOutOfRange, 2},
+        {"Invert\n\rChangeColor 16777216 0\n\r", kScriptOutOfRange, 2},
+        {"Invert\n\rVectorize 0 3 0 0 1 1\n\r", kScriptOutOfRange, 2},
+        {"Invert\n\rGamma 99999999999999999999 0 0\n\r", kScriptOutOfRange, 2},
+        {"Invert\n\rGamma +1 0 0\n\r", kScriptBadNumber, 2},
+        {"Invert\n\rGamma 1 - 0\n\r", kScriptBadNumber, 2},
+        {"Invert\n\rGamma 0x1 0 0\n\r", kScriptBadNumber, 2},
+        {"Invert\n\rGamma 1  0 0\n\r", kScriptBadBlank, 2},
+        {"Invert\n\rGamma 1 0 0 \n\r", kScriptBadBlank, 2},
+        {"Invert\n\r Invert\n\r", kScriptBadBlank, 2},
+    };
+    for (const Case& c : cases) {
+        ScriptParse p = Parse(c.text);
+        EXPECT_EQ(p.code, c.code) << c.text;
+        EXPECT_EQ(p.badLine, c.line) << c.text;
+        EXPECT_EQ(p.commands.size(), size_t(c.line - 1)) << c.text;
+    }
+    // A NUL inside a word is no word we know.
+    ScriptParse p = Parse(std::string("Inv\0rt\n\r", 8));
+    EXPECT_EQ(p.code, kScriptUnknownWord);
+    EXPECT_EQ(p.badLine, 1);
+}
+
+TEST(ScriptParser, RangesIncludeTheirEnds)
+{
+    ScriptParse p = Parse("Gamma -100 100 0\n\rRotate -360 1 1\n\rResize 32767 1 0\n\rReduce 32 3 1 254000\n\r"
+                          "Reduce 1 0 0 0\n\rChangeColor 0 16777215\n\r");
+    EXPECT_EQ(p.code, 0);
+    EXPECT_EQ(p.commands.size(), 6u);
+}
+
+TEST(ScriptRunner, RunsTheLinesBeforeABadOneAndNotIt)
+{
+    Image image;
+    ASSERT_EQ(MakeImage(4, 2, 24, &image), 0);
+    // Invert runs (black to white), Rotate runs, the bad Gamma and what
+    // follows do not.
+    const std::string text = "Invert\n\rRotate 90 0 0\n\rGamma 200 0 0\n\rInvert\n\r";
+    int line = -1;
+    short rc = RunScript(image, reinterpret_cast<const uint8_t*>(text.data()), text.size(), &line);
+    EXPECT_EQ(rc, kScriptOutOfRange);
+    EXPECT_EQ(line, 3);
+    EXPECT_EQ(image.Width(), 2);
+    EXPECT_EQ(image.PixelRgb(0, 0), 0xFFFFFFu);
+
+    // The worked example of a conversion runs through.
+    const std::string example = "Gamma 10 -5 0\n\rRotate 270 1 0\n\rResize 64 48 1\n\rReduce 8 2 256 4234\n\r";
+    rc = RunScript(image, reinterpret_cast<const uint8_t*>(example.data()), example.size(), &line);
+    EXPECT_EQ(rc, 0);
+    EXPECT_EQ(line, 0);
+    EXPECT_EQ(image.Width(), 64);
+    EXPECT_EQ(image.Bits(), 8);
+
+    // Tracing is not a pixel operation: the runner says so at its line.
+    const std::string trace = "Invert\n\rPrepRaster 0 0 16\n\r";
+    EXPECT_EQ(RunScript(image, reinterpret_cast<const uint8_t*>(trace.data()), trace.size(), &line),
+              kEngineNotSupported);
+    EXPECT_EQ(line, 2);
+    EXPECT_EQ(RunScript(image, nullptr, 0, &line), 0);
+}
