@@ -125,6 +125,40 @@ TEST(SaveStart, BrowseShowsThePlainDialogAndProKeepsTheWarningsBox)
     EXPECT_FALSE(pro.Failed());
 }
 
+TEST(SaveStart, ACustomListOffersItsFormatsAndOkaSaveDlgWorksAlone)
+{
+    {
+        SaveRoad road;
+        char custom[] = "gif;*.pcx";
+        DialogDriver d;
+        OpenSave(d).Do([](HWND dialog) {
+            EXPECT_EQ(TypeIndexOf(dialog, "GIF"), 0);
+            EXPECT_EQ(TypeIndexOf(dialog, "PCX"), 1);
+            EXPECT_LT(TypeIndexOf(dialog, "WMF"), 0);
+            EXPECT_EQ(SendDlgItemMessageA(dialog, kTypeList, CB_GETCURSEL, 0, 0), 0);  // BMP isn't offered
+        });
+        d.PressCancel();
+        road.Save(d, "BMP", 1, "Zavrin", kCaption, custom);
+        EXPECT_FALSE(d.Failed());
+    }
+    // A host with neither tags nor registry: the extension of its path is
+    // the source, and the accepted path comes back.
+    zvtest::SeamRecorder recorder;
+    std::string given = TempFolder() + "\\scan.pcx";
+    char path[516];
+    lstrcpynA(path, given.c_str(), sizeof path);
+    DialogDriver d;
+    OpenSave(d).Do([](HWND dialog) {
+        EXPECT_EQ(zvtest::DialogDriver::TextOf(NameBox(dialog)), "scan.pcx");
+        EXPECT_EQ(SelectedType(dialog).find("PC Paintbrush"), 0u) << SelectedType(dialog);
+    });
+    d.PressOk();
+    char name[] = "Zavrin", title[] = "Save Image";
+    EXPECT_NE(d.Run([&] { return OkaSaveDlg(nullptr, name, nullptr, path, title); }), 0);
+    EXPECT_FALSE(d.Failed());
+    EXPECT_EQ(std::string(path), given);
+}
+
 // ---- Changing the type and the name.
 
 TEST(SaveType, AnEmptyNameBoxChangesNothing)
