@@ -300,6 +300,22 @@ short Equalize(Image& image)
     return kEngineOk;
 }
 
+void GammaTable(int contrast, int bright, int gamma, uint8_t table[256])
+{
+    contrast = contrast < -100 ? -100 : (contrast > 100 ? 100 : contrast);
+    bright = bright < -100 ? -100 : (bright > 100 ? 100 : bright);
+    gamma = gamma < -100 ? -100 : (gamma > 100 ? 100 : gamma);
+    double factor = contrast <= 0 ? (100.0 + contrast) / 100.0 : 100.0 / (101.0 - contrast);
+    double offset = bright * 127.5 / 100.0;
+    double exponent = std::pow(2.0, -gamma / 50.0);
+    for (int v = 0; v < 256; ++v) {
+        double x = (v - 127.5) * factor + 127.5 + offset;
+        x = x < 0 ? 0 : (x > 255 ? 255 : x);
+        x = 255.0 * std::pow(x / 255.0, exponent);
+        table[v] = Clamp255(int(std::lround(x)));
+    }
+}
+
 short Gamma(Image& image, int contrast, int bright, int gamma)
 {
     short rc = CheckImage(image);
@@ -307,16 +323,8 @@ short Gamma(Image& image, int contrast, int bright, int gamma)
         return rc;
     if (contrast < -100 || contrast > 100 || bright < -100 || bright > 100 || gamma < -100 || gamma > 100)
         return kEngineBadArgument;
-    double factor = contrast <= 0 ? (100.0 + contrast) / 100.0 : 100.0 / (101.0 - contrast);
-    double offset = bright * 127.5 / 100.0;
-    double exponent = std::pow(2.0, -gamma / 50.0);
     uint8_t lut[256];
-    for (int v = 0; v < 256; ++v) {
-        double x = (v - 127.5) * factor + 127.5 + offset;
-        x = x < 0 ? 0 : (x > 255 ? 255 : x);
-        x = 255.0 * std::pow(x / 255.0, exponent);
-        lut[v] = Clamp255(int(std::lround(x)));
-    }
+    GammaTable(contrast, bright, gamma, lut);
     ApplyOneTable(image, lut);
     return kEngineOk;
 }

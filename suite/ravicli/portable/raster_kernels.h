@@ -37,6 +37,11 @@ short Equalize(Image& image);
 // raises to the power 2^(-gamma / 50) (positive lightens the darks).
 short Gamma(Image& image, int contrast, int bright, int gamma);
 
+// The table of 256 values that Gamma applies to each channel, so that a
+// curve drawn for the user (the intensity curve of the adjust page) is the
+// curve the pixels go through. Values outside -100..100 are clamped.
+void GammaTable(int contrast, int bright, int gamma, uint8_t table[256]);
+
 // Turns the image clockwise by a whole number of degrees (any value, taken
 // modulo 360), then flips it top to bottom when flipV is 1 and left to
 // right when flipH is 1. Multiples of 90 are exact on every depth. Other

@@ -78,6 +78,13 @@ TEST(Kernels, EqualizeSpreadsANarrowHistogram)
         // Flat: equal shares of pixels give equal steps.
         EXPECT_NEAR(int(im->PixelRgb(16, 0) & 0xFF), 132, 1);  // 16 of 31 steps
     }
+    // Two greys, on every depth, go to the two ends.
+    for (int bits : test::kDepths) {
+        Image two = TwoColours(bits, 0x646464, 0x787878);
+        ASSERT_EQ(Equalize(two), 0);
+        EXPECT_EQ(two.PixelRgb(0, 0), 0x000000u) << bits;
+        EXPECT_EQ(two.PixelRgb(5, 0), 0xFFFFFFu) << bits;
+    }
 }
 
 TEST(Kernels, GammaContrastAndBrightness)
@@ -98,6 +105,14 @@ TEST(Kernels, GammaContrastAndBrightness)
         EXPECT_GT(lifted.PixelRgb(0, 0) & 0xFF, 0x40u);
         EXPECT_LT(lifted.PixelRgb(0, 0) & 0xFF, 0xC0u);
     }
+    // The table that a curve is drawn from rises and is the identity at 0.
+    uint8_t table[256];
+    GammaTable(0, 0, 0, table);
+    for (int v = 0; v < 256; ++v)
+        ASSERT_EQ(table[v], v);
+    GammaTable(30, -20, 40, table);
+    for (int v = 1; v < 256; ++v)
+        ASSERT_GE(table[v], table[v - 1]);
     Image image = MakeOrDie(2, 2, 24);
     EXPECT_EQ(Gamma(image, 101, 0, 0), kEngineBadArgument);
     EXPECT_EQ(Gamma(image, 0, 0, -101), kEngineBadArgument);
