@@ -58,15 +58,7 @@ void AcceptMetafileClass(HWND dialog)
 
 INT_PTR RunGuardedDialog(HWND parent, int templateId, DLGPROC proc)
 {
-    OptionContext* options = Options();
-    if (options->inDialog) {
-        SeamMessageBeep(0);
-        return 0;
-    }
-    options->inDialog = 1;
-    INT_PTR result = DialogBoxParamA(LibraryModule(), MAKEINTRESOURCEA(templateId), parent, proc, 0);
-    options->inDialog = 0;
-    return result;
+    return RunCommonDialog(static_cast<unsigned short>(templateId), parent, proc);
 }
 
 int DoMetafileClassDlg(HWND parent, TagSet* tags, char* appTitle, char* helpFile, OKAMOD* formats, char* srcExt,

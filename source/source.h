@@ -5,17 +5,8 @@
 #include <windows.h>
 
 #include "core_win.h"
+#include "frame.h"
 #include "zvopt32.h"
-
-// --- What these dialogs take from the dialog frame: the record filled for
-// the dialog in hand, and the destination sheet.
-void InitOptionContext(HWND parent, TagSet* tags, char* appTitle, char* helpFile, OKAMOD* formats, char* srcExt,
-                       char* destExt, short operation, short srcType, Dewey* image, int wantPreview);
-void SetSource(char* srcExt, short srcType);
-void SetDestination(char* destExt);
-extern "C" ZVOPT32_API int DoDestOptionsDlg(HWND parent, unsigned short dlgId, TagSet* tags,
-                                         char* appTitle, char* helpFile, OKAMOD* formats, char* srcExt,
-                                         char* destExt, short operation, short srcType, Dewey* image);
 
 // Runs one of the library's dialog templates modally under the guard:
 // refused (0) while another dialog runs.
