@@ -22,6 +22,14 @@ struct IRGB {
 };
 #pragma pack(pop)
 
+// Result codes that only the Windows side of the engine gives. The codes of
+// images, scripts and files stand in portable/engine_codes.h (-4101 and on).
+enum RavicliCode : short {
+    kRavicliNothingToUndo = -4160,  // UndoRedo with no change behind it
+    kRavicliNotAvailable = -4161,   // PrepRaster and Vectorize: tracing is not in this engine yet
+    kRavicliNoWindow = -4162,       // a view painted without a window
+};
+
 class LouieState;  // the engine's own state, private to ravicli
 
 // The engine object of a document. Hosts read one field: the handle of the

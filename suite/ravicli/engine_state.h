@@ -1,0 +1,82 @@
+// The private state of a document and the helpers that the engine's Windows
+// files share. Hosts never see this header.
+#pragma once
+
+#include <windows.h>
+
+#include <cstddef>
+#include <vector>
+
+#include "portable/dib.h"
+#include "portable/engine_codes.h"
+#include "ravicli.h"
+
+// Everything a Louie knows beyond its section handle. The picture in hand is
+// either a packed DIB (raster) or an enhanced metafile (vector); the section
+// holds a copy that SaveResurrectionData brings up to date.
+class LouieState {
+public:
+    ravi::Image raster;  // header, full colour table, rows
+    HENHMETAFILE emf = nullptr;
+
+    // One step of history: the picture before the last change. UndoRedo
+    // swaps it with the one in hand, so a second call redoes.
+    bool hasUndo = false;
+    ravi::Image undoRaster;
+    HENHMETAFILE undoEmf = nullptr;
+
+    void* view = nullptr;        // the section mapped whole
+    std::size_t viewBytes = 0;   // what VirtualQuery says the view holds
+    char sectionName[32] = {};
+    char fileName[516] = {};
+    char optionsPath[516] = {};
+};
+
+namespace ravi {
+
+// The Windows side's own codes (declared in ravicli.h for hosts).
+constexpr short kEngineNothingToUndo = kRavicliNothingToUndo;
+constexpr short kEngineNotAvailable = kRavicliNotAvailable;
+constexpr short kEngineNoWindow = kRavicliNoWindow;
+
+// --- sections (section.cpp) ---
+// Puts bytes into the document's section, making a new one when there is
+// none or the present one is too small.
+short StoreInSection(Louie* louie, const void* bytes, std::size_t count);
+// Unmaps and closes the document's section.
+void CloseSection(Louie* louie);
+// The bytes that stand for the picture in hand: the DIB, or the metafile's.
+std::vector<unsigned char> PictureBytes(const LouieState& state);
+
+// --- the picture in hand (dewey.cpp) ---
+// Replaces the picture by a new one, keeping the old one for UndoRedo.
+void CommitRaster(LouieState& state, ravi::Image&& image);
+void CommitVector(LouieState& state, HENHMETAFILE emf);
+// Replaces the picture without history (a newly opened or made image).
+void ReplacePicture(LouieState& state, ravi::Image&& image, HENHMETAFILE emf);
+
+// A metafile that draws a raster image at its size.
+HENHMETAFILE MetafileFromRaster(const ravi::Image& image);
+
+// The script's Reduce line, whose palette and screen are given otherwise
+// than in the direct call.
+short RunReduceLine(Dewey* document, int depth, int method, long palette, long screen);
+
+// --- files (image_files.cpp) ---
+short ReadImageFile(const char* path, ravi::Image& image, HENHMETAFILE& emf);
+short WriteImageFile(const char* path, const ravi::Image& image, HENHMETAFILE emf);
+
+// --- metafiles (metafile.cpp) ---
+// Plays a metafile into a new DIB of the given size and depth.
+short RenderMetafile(HENHMETAFILE emf, long width, long height, short bits, ravi::Image& image);
+// Size of the picture in pixels of its reference device, and its resolution
+// in tenths of a micron per dot.
+void MetafileInfo(HENHMETAFILE emf, long* width, long* height, short* xRes, short* yRes);
+// A copy of the metafile with every colour it names passed through map.
+using ColourMap = COLORREF (*)(COLORREF colour, const void* context);
+HENHMETAFILE MapMetafileColours(HENHMETAFILE emf, ColourMap map, const void* context);
+// A copy of the metafile turned or scaled: the new picture is width by
+// height pixels of the reference device.
+HENHMETAFILE TransformMetafile(HENHMETAFILE emf, const XFORM& xform, long width, long height);
+
+}  // namespace ravi

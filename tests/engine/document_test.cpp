@@ -1,0 +1,218 @@
+// Documents and their named sections: made, described, handed to a second
+// document (in this process and in another), and refused when the section
+// lies about its contents.
+#include <gtest/gtest.h>
+
+#include <cstddef>
+#include <cstdlib>
+#include <cstring>
+
+#include "engine_test_support.h"
+
+using namespace enginetest;
+
+namespace {
+
+TEST(Document, MakesWhiteRastersOfEveryDepth)
+{
+    for (short bits : {1, 4, 8, 24, 32}) {
+        Dewey document;
+        ASSERT_EQ(document.CreateRaster(21, 7, bits), 0) << bits;
+        long w = 0, h = 0;
+        short xRes = -1, bpp = 0;
+        EXPECT_EQ(document.GetInfo(&w, &h, &xRes, nullptr, &bpp), 0);
+        EXPECT_EQ(w, 21);
+        EXPECT_EQ(h, 7);
+        EXPECT_EQ(xRes, 0) << "no resolution is known";
+        EXPECT_EQ(bpp, bits);
+        EXPECT_TRUE(document.IsRaster());
+        EXPECT_EQ(Rgb(document, 0, 0), 0xFFFFFFu) << bits;
+        EXPECT_EQ(Rgb(document, 20, 6), 0xFFFFFFu) << bits;
+        EXPECT_NE(document.louie->section, nullptr);
+        char name[32] = {};
+        EXPECT_EQ(document.GetSectionName(name), 0);
+        EXPECT_NE(name[0], 0);
+    }
+}
+
+TEST(Document, RefusesBadSizesAndDepthsAndKeepsItsPicture)
+{
+    Dewey document;
+    ASSERT_EQ(document.CreateRaster(5, 5, 8), 0);
+    EXPECT_EQ(document.CreateRaster(0, 5, 8), ravi::kEngineBadSize);
+    EXPECT_EQ(document.CreateRaster(5, -3, 8), ravi::kEngineBadSize);
+    EXPECT_EQ(document.CreateRaster(5, 5, 16), ravi::kEngineBadDepth);
+    long w = 0;
+    short bits = 0;
+    document.GetInfo(&w, nullptr, nullptr, nullptr, &bits);
+    EXPECT_EQ(w, 5);
+    EXPECT_EQ(bits, 8);
+
+    Dewey empty;
+    EXPECT_FALSE(empty.IsRaster());
+    EXPECT_EQ(empty.GetInfo(nullptr, nullptr, nullptr, nullptr, nullptr), ravi::kEngineNoImage);
+    EXPECT_EQ(empty.Invert(), ravi::kEngineNoImage);
+    EXPECT_EQ(empty.louie->section, nullptr);
+}
+
+TEST(Document, HandsItsPictureToASecondDocumentThroughTheSection)
+{
+    Dewey* owner = new Dewey;
+    Dewey& first = *owner;
+    ASSERT_EQ(MakeQuadrants(first, 10, 10), 0);
+    ASSERT_EQ(first.louie->SaveResurrectionData(), 0);
+    char name[32] = {};
+    char file[516] = {};
+    first.GetSectionName(name);
+    first.GetFileName(file);
+
+    Dewey second;
+    ASSERT_EQ(second.ResurrectSection(name, file), 0);
+    EXPECT_EQ(Rgb(second, 0, 0), 0xFF0000u);
+    EXPECT_EQ(Rgb(second, 9, 0), 0x00FF00u);
+    EXPECT_EQ(Rgb(second, 0, 9), 0x0000FFu);
+    EXPECT_EQ(Rgb(second, 9, 9), 0xFFFFFFu);
+
+    // A later change reaches the section only when it is saved there.
+    SetRgb(first, 0, 0, 0x123456);
+    Dewey third;
+    ASSERT_EQ(third.ResurrectSection(name, file), 0);
+    EXPECT_EQ(Rgb(third, 0, 0), 0xFF0000u);
+    ASSERT_EQ(first.louie->SaveResurrectionData(), 0);
+    ASSERT_EQ(third.ResurrectSection(name, file), 0);
+    EXPECT_EQ(Rgb(third, 0, 0), 0x123456u);
+
+    // The second document holds the section by itself: it outlives the first.
+    delete owner;
+    Dewey fourth;
+    EXPECT_EQ(fourth.ResurrectSection(name, file), 0);
+}
+
+TEST(Document, GrowsItsSectionWhenThePictureNoLongerFits)
+{
+    Dewey document;
+    ASSERT_EQ(document.CreateRaster(4, 4, 1), 0);
+    char before[32] = {};
+    document.GetSectionName(before);
+    // A picture larger than the section's pages needs a new section.
+    ASSERT_EQ(document.CreateRaster(300, 300, 24), 0);
+    ASSERT_EQ(document.louie->SaveResurrectionData(), 0);
+    char after[32] = {};
+    document.GetSectionName(after);
+    EXPECT_STRNE(before, after);
+    Dewey copy;
+    ASSERT_EQ(copy.ResurrectSection(after, ""), 0);
+    long w = 0;
+    copy.GetInfo(&w, nullptr, nullptr, nullptr, nullptr);
+    EXPECT_EQ(w, 300);
+}
+
+// Makes a section of `size` bytes holding a 24-bit header of w x h.
+HANDLE SectionWithHeader(const char* name, DWORD size, LONG w, LONG h, WORD bits)
+{
+    HANDLE section = CreateFileMappingA(INVALID_HANDLE_VALUE, nullptr, PAGE_READWRITE, 0, size, name);
+    void* view = MapViewOfFile(section, FILE_MAP_WRITE, 0, 0, 0);
+    BITMAPINFOHEADER header = {};
+    header.biSize = 40;
+    header.biWidth = w;
+    header.biHeight = h;
+    header.biPlanes = 1;
+    header.biBitCount = bits;
+    std::memcpy(view, &header, sizeof header);
+    UnmapViewOfFile(view);
+    return section;
+}
+
+TEST(Document, RefusesSectionsThatLieAboutTheirPicture)
+{
+    Dewey document;
+    ASSERT_EQ(document.CreateRaster(3, 3, 24), 0);
+    // 4000 x 4000 at 24 bits claims 48 MB; the section holds one page.
+    HANDLE tooSmall = SectionWithHeader("RaviTestTooSmall", 4096, 4000, 4000, 24);
+    EXPECT_EQ(document.ResurrectSection("RaviTestTooSmall", ""), ravi::kEngineTruncated);
+    HANDLE flat = SectionWithHeader("RaviTestFlat", 4096, 10, 0, 24);
+    EXPECT_EQ(document.ResurrectSection("RaviTestFlat", ""), ravi::kEngineBadSize);
+    HANDLE negative = SectionWithHeader("RaviTestNegative", 4096, -10, 10, 24);
+    EXPECT_EQ(document.ResurrectSection("RaviTestNegative", ""), ravi::kEngineBadSize);
+    HANDLE odd = SectionWithHeader("RaviTestOdd", 4096, 10, 10, 16);
+    EXPECT_EQ(document.ResurrectSection("RaviTestOdd", ""), ravi::kEngineBadDepth);
+    EXPECT_EQ(document.ResurrectSection("RaviTestNobodyMadeThis", ""), ravi::kEngineNoSection);
+    for (HANDLE h : {tooSmall, flat, negative, odd}) CloseHandle(h);
+
+    long w = 0;
+    document.GetInfo(&w, nullptr, nullptr, nullptr, nullptr);
+    EXPECT_EQ(w, 3) << "the document keeps what it had";
+    EXPECT_EQ(Rgb(document, 1, 1), 0xFFFFFFu);
+}
+
+TEST(Document, SharesAVectorPictureThroughItsSection)
+{
+    std::string path = TempPath("shared.emf");
+    ASSERT_TRUE(WriteTwoColourMetafile(path, 40, 20));
+    Dewey first;
+    ASSERT_EQ(first.Open(path.c_str()), 0);
+    EXPECT_FALSE(first.IsRaster());
+    char name[32] = {}, file[516] = {};
+    first.GetSectionName(name);
+    first.GetFileName(file);
+    EXPECT_EQ(std::string(file), path);
+    Dewey second;
+    ASSERT_EQ(second.ResurrectSection(name, file), 0);
+    EXPECT_FALSE(second.IsRaster());
+    ASSERT_EQ(second.Rasterize(40, 20, 24), 0);
+    EXPECT_TRUE(Near(Rgb(second, 5, 10), 0xFF0000, 8));
+    EXPECT_TRUE(Near(Rgb(second, 35, 10), 0x0000FF, 8));
+    DeleteFileA(path.c_str());
+}
+
+// The child half of the test below: run as its own process, it opens the
+// section named in the environment and answers through its exit code.
+TEST(Document, ChildReadsSectionOfAnotherProcess)
+{
+    const char* name = std::getenv("RAVI_TEST_SECTION");
+    if (!name) GTEST_SKIP() << "runs only as the child of OpensSectionMadeByAnotherProcess";
+    Dewey document;
+    short code = document.ResurrectSection(name, "");
+    if (code != 0) std::exit(10);
+    std::exit(Rgb(document, 9, 0) == 0x00FF00u ? 42 : 11);
+}
+
+TEST(Document, OpensSectionMadeByAnotherProcess)
+{
+    Dewey document;
+    ASSERT_EQ(MakeQuadrants(document, 10, 10), 0);
+    ASSERT_EQ(document.louie->SaveResurrectionData(), 0);
+    char name[32] = {};
+    document.GetSectionName(name);
+    SetEnvironmentVariableA("RAVI_TEST_SECTION", name);
+
+    char exe[MAX_PATH] = {};
+    GetModuleFileNameA(nullptr, exe, sizeof exe);
+    std::string command = std::string("\"") + exe + "\" --gtest_filter=Document.ChildReadsSectionOfAnotherProcess";
+    STARTUPINFOA startup = {};
+    startup.cb = sizeof startup;
+    PROCESS_INFORMATION process = {};
+    ASSERT_TRUE(CreateProcessA(nullptr, command.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr, &startup,
+                               &process));
+    ASSERT_EQ(WaitForSingleObject(process.hProcess, 60000), WAIT_OBJECT_0);
+    DWORD exitCode = 0;
+    GetExitCodeProcess(process.hProcess, &exitCode);
+    CloseHandle(process.hThread);
+    CloseHandle(process.hProcess);
+    SetEnvironmentVariableA("RAVI_TEST_SECTION", nullptr);
+    EXPECT_EQ(exitCode, 42u);
+}
+
+TEST(Document, LouieKeepsItsSectionWhereHostsReadIt)
+{
+    // Hosts read the handle at a fixed place; in the 32-bit build that is
+    // byte 224, checked at compile time in the header.
+    EXPECT_EQ(offsetof(Louie, section), 224u);
+    Dewey document;
+    ASSERT_EQ(document.CreateRaster(2, 2, 8), 0);
+    HANDLE read = *reinterpret_cast<HANDLE*>(reinterpret_cast<char*>(document.louie) + 224);
+    EXPECT_EQ(read, document.louie->section);
+    EXPECT_EQ(static_cast<void*>(document.louie), *reinterpret_cast<void**>(&document));
+}
+
+}  // namespace

@@ -1,0 +1,167 @@
+// Files: every raster format written and read back with its pixels and its
+// resolution, metafiles through GDI, and files that are not images.
+#include <gtest/gtest.h>
+
+#include <cstdio>
+#include <string>
+
+#include "engine_test_support.h"
+
+using namespace enginetest;
+
+namespace {
+
+struct FormatCase {
+    const char* ext;
+    int tolerance;  // JPEG loses a little
+    bool keepsResolution;
+};
+
+class RasterFile : public ::testing::TestWithParam<FormatCase> {};
+
+TEST_P(RasterFile, WritesAndReadsBackPixelsAndResolution)
+{
+    const FormatCase& format = GetParam();
+    Dewey original;
+    ASSERT_EQ(MakeQuadrants(original, 32, 24), 0);
+    // 300 dots per inch: 11811 pixels a metre, 847 tenths of a micron a dot.
+    original.GetDib()->biXPelsPerMeter = 11811;
+    original.GetDib()->biYPelsPerMeter = 11811;
+    std::string path = TempPath((std::string("round.") + format.ext).c_str());
+    ASSERT_EQ(original.Save(path.c_str()), 0) << format.ext;
+
+    Dewey copy;
+    ASSERT_EQ(copy.Open(path.c_str()), 0) << format.ext;
+    long w = 0, h = 0;
+    short xRes = 0, yRes = 0;
+    copy.GetInfo(&w, &h, &xRes, &yRes, nullptr);
+    EXPECT_EQ(w, 32);
+    EXPECT_EQ(h, 24);
+    EXPECT_TRUE(copy.IsRaster());
+    EXPECT_TRUE(Near(Rgb(copy, 4, 4), 0xFF0000, format.tolerance)) << format.ext << std::hex << Rgb(copy, 4, 4);
+    EXPECT_TRUE(Near(Rgb(copy, 27, 4), 0x00FF00, format.tolerance)) << format.ext;
+    EXPECT_TRUE(Near(Rgb(copy, 4, 19), 0x0000FF, format.tolerance)) << format.ext;
+    EXPECT_TRUE(Near(Rgb(copy, 27, 19), 0xFFFFFF, format.tolerance)) << format.ext;
+    if (format.keepsResolution) {
+        EXPECT_NEAR(xRes, 847, 2) << format.ext;
+        EXPECT_NEAR(yRes, 847, 2) << format.ext;
+    }
+    char file[516] = {};
+    copy.GetFileName(file);
+    EXPECT_EQ(std::string(file), path);
+    DeleteFileA(path.c_str());
+}
+
+INSTANTIATE_TEST_SUITE_P(Formats, RasterFile,
+                         ::testing::Values(FormatCase{"bmp", 0, true}, FormatCase{"png", 0, true},
+                                           FormatCase{"jpg", 40, true}, FormatCase{"gif", 0, false},
+                                           FormatCase{"tif", 0, true}, FormatCase{"ico", 0, false}),
+                         [](const auto& info) { return std::string(info.param.ext); });
+
+TEST(Files, KeepsPaletteDepthsWhereTheFormatHasThem)
+{
+    for (const char* ext : {"bmp", "png", "tif"}) {
+        for (short bits : {1, 8}) {
+            Dewey original;
+            ASSERT_EQ(original.CreateRaster(17, 9, bits), 0);
+            std::string path = TempPath((std::string("depth.") + ext).c_str());
+            ASSERT_EQ(original.Save(path.c_str()), 0) << ext << bits;
+            Dewey copy;
+            ASSERT_EQ(copy.Open(path.c_str()), 0) << ext << bits;
+            short read = 0;
+            copy.GetInfo(nullptr, nullptr, nullptr, nullptr, &read);
+            EXPECT_EQ(read, bits) << ext;
+            EXPECT_EQ(Rgb(copy, 16, 8), 0xFFFFFFu) << ext << bits;
+            DeleteFileA(path.c_str());
+        }
+    }
+}
+
+TEST(Files, WritesLargeIconsAsPng)
+{
+    Dewey original;
+    ASSERT_EQ(MakeQuadrants(original, 300, 260), 0);
+    std::string path = TempPath("large.ico");
+    ASSERT_EQ(original.Save(path.c_str()), 0);
+    Dewey copy;
+    ASSERT_EQ(copy.Open(path.c_str()), 0);
+    long w = 0, h = 0;
+    copy.GetInfo(&w, &h, nullptr, nullptr, nullptr);
+    EXPECT_EQ(w, 300);
+    EXPECT_EQ(h, 260);
+    EXPECT_EQ(Rgb(copy, 299, 0), 0x00FF00u);
+    DeleteFileA(path.c_str());
+}
+
+TEST(Files, ReadsMetafilesAsVectorsAndWritesThemBack)
+{
+    std::string emfPath = TempPath("pair.emf");
+    ASSERT_TRUE(WriteTwoColourMetafile(emfPath, 60, 30));
+    Dewey vector;
+    ASSERT_EQ(vector.Open(emfPath.c_str()), 0);
+    EXPECT_FALSE(vector.IsRaster());
+    EXPECT_NE(vector.GetMetafile(), nullptr);
+    long w = 0, h = 0;
+    vector.GetInfo(&w, &h, nullptr, nullptr, nullptr);
+    EXPECT_NEAR(w, 60, 1);
+    EXPECT_NEAR(h, 30, 1);
+
+    for (const char* ext : {"wmf", "emf"}) {
+        std::string path = TempPath((std::string("again.") + ext).c_str());
+        ASSERT_EQ(vector.Save(path.c_str()), 0) << ext;
+        Dewey copy;
+        ASSERT_EQ(copy.Open(path.c_str()), 0) << ext;
+        EXPECT_FALSE(copy.IsRaster());
+        ASSERT_EQ(copy.Rasterize(60, 30, 24), 0) << ext;
+        EXPECT_TRUE(Near(Rgb(copy, 10, 15), 0xFF0000, 8)) << ext << std::hex << Rgb(copy, 10, 15);
+        EXPECT_TRUE(Near(Rgb(copy, 50, 15), 0x0000FF, 8)) << ext;
+        DeleteFileA(path.c_str());
+    }
+
+    // A vector saved to a raster format is drawn at its own size.
+    std::string png = TempPath("drawn.png");
+    ASSERT_EQ(vector.Save(png.c_str()), 0);
+    Dewey drawn;
+    ASSERT_EQ(drawn.Open(png.c_str()), 0);
+    EXPECT_TRUE(drawn.IsRaster());
+    EXPECT_TRUE(Near(Rgb(drawn, 5, 5), 0xFF0000, 8));
+    DeleteFileA(png.c_str());
+    DeleteFileA(emfPath.c_str());
+}
+
+TEST(Files, PutsARasterIntoAMetafile)
+{
+    Dewey raster;
+    ASSERT_EQ(MakeQuadrants(raster, 20, 20), 0);
+    std::string path = TempPath("raster.emf");
+    ASSERT_EQ(raster.Save(path.c_str()), 0);
+    Dewey vector;
+    ASSERT_EQ(vector.Open(path.c_str()), 0);
+    EXPECT_FALSE(vector.IsRaster());
+    ASSERT_EQ(vector.Rasterize(20, 20, 24), 0);
+    EXPECT_TRUE(Near(Rgb(vector, 2, 2), 0xFF0000, 8));
+    EXPECT_TRUE(Near(Rgb(vector, 17, 17), 0xFFFFFF, 8));
+    DeleteFileA(path.c_str());
+}
+
+TEST(Files, RefusesWhatIsNotAnImageAndKeepsTheDocument)
+{
+    Dewey document;
+    ASSERT_EQ(MakeQuadrants(document, 8, 8), 0);
+    std::string text = TempPath("words.png");
+    FILE* file = std::fopen(text.c_str(), "wb");
+    std::fputs("these are words, not pixels\n", file);
+    std::fclose(file);
+    EXPECT_EQ(document.Open(text.c_str()), ravi::kEngineFileFormat);
+    std::string fakeEmf = TempPath("words.emf");
+    CopyFileA(text.c_str(), fakeEmf.c_str(), FALSE);
+    EXPECT_EQ(document.Open(fakeEmf.c_str()), ravi::kEngineFileFormat);
+    EXPECT_EQ(document.Open(TempPath("missing.bmp").c_str()), ravi::kEngineFileOpen);
+    EXPECT_EQ(document.Save(TempPath("picture.xyz").c_str()), ravi::kEngineFileFormat);
+    EXPECT_TRUE(document.IsRaster());
+    EXPECT_EQ(Rgb(document, 0, 0), 0xFF0000u);
+    DeleteFileA(text.c_str());
+    DeleteFileA(fakeEmf.c_str());
+}
+
+}  // namespace
