@@ -2,11 +2,14 @@
 // each operation to the pixel kernels (raster) or to a rewritten metafile
 // (vector). An operation works on a copy and commits it only when it
 // succeeded, so a failure leaves the document as it was.
+#include <algorithm>
 #include <cmath>
+#include <cstdlib>
 #include <cstring>
 #include <functional>
 
 #include "engine_state.h"
+#include "okaio32.h"
 #include "portable/raster_kernels.h"
 
 namespace ravi {
@@ -118,6 +121,7 @@ Dewey::~Dewey()
 
 short Dewey::GetInfo(long* width, long* height, short* xRes, short* yRes, short* bits)
 {
+    if (!ravi::HasState(this)) return ravi::kEngineNoMemory;
     const LouieState& state = *louie->state;
     long w = 0, h = 0;
     short xr = 0, yr = 0, b = 0;
@@ -145,36 +149,43 @@ short Dewey::GetInfo(long* width, long* height, short* xRes, short* yRes, short*
 
 int Dewey::IsRaster()
 {
+    if (!ravi::HasState(this)) return 0;
     return louie->state->raster.Empty() ? 0 : 1;
 }
 
 int Dewey::IsEntity()
 {
+    if (!ravi::HasState(this)) return 0;
     return 0;  // the engine reads no 3D formats
 }
 
 short Dewey::ReverseBW()
 {
+    if (!ravi::HasState(this)) return ravi::kEngineNoMemory;
     return ApplyColourOperation(*louie->state, [](ravi::Image& image) { return ravi::ReverseBW(image); });
 }
 
 short Dewey::Invert()
 {
+    if (!ravi::HasState(this)) return ravi::kEngineNoMemory;
     return ApplyColourOperation(*louie->state, [](ravi::Image& image) { return ravi::Invert(image); });
 }
 
 short Dewey::Grayize()
 {
+    if (!ravi::HasState(this)) return ravi::kEngineNoMemory;
     return ApplyColourOperation(*louie->state, [](ravi::Image& image) { return ravi::Grayize(image); });
 }
 
 short Dewey::Blackize()
 {
+    if (!ravi::HasState(this)) return ravi::kEngineNoMemory;
     return ApplyColourOperation(*louie->state, [](ravi::Image& image) { return ravi::Blackize(image); });
 }
 
 short Dewey::Gamma(short contrast, short bright, short gamma)
 {
+    if (!ravi::HasState(this)) return ravi::kEngineNoMemory;
     if (!InRange(contrast, -100, 100) || !InRange(bright, -100, 100) || !InRange(gamma, -100, 100))
         return ravi::kEngineBadArgument;
     return ApplyColourOperation(*louie->state, [=](ravi::Image& image) {
@@ -184,6 +195,7 @@ short Dewey::Gamma(short contrast, short bright, short gamma)
 
 short Dewey::ChangeColor(IRGB* from, IRGB* to)
 {
+    if (!ravi::HasState(this)) return ravi::kEngineNoMemory;
     if (!from || !to) return ravi::kEngineBadArgument;
     uint32_t fromRef = RGB(from->red, from->green, from->blue);
     uint32_t toRef = RGB(to->red, to->green, to->blue);
@@ -194,6 +206,7 @@ short Dewey::ChangeColor(IRGB* from, IRGB* to)
 
 short Dewey::Equalize()
 {
+    if (!ravi::HasState(this)) return ravi::kEngineNoMemory;
     LouieState& state = *louie->state;
     // A histogram needs pixels: a metafile has none to count.
     if (state.raster.Empty()) return state.emf ? ravi::kEngineNotSupported : ravi::kEngineNoImage;
@@ -202,6 +215,7 @@ short Dewey::Equalize()
 
 short Dewey::Rotate(short angle, short flipV, short flipH)
 {
+    if (!ravi::HasState(this)) return ravi::kEngineNoMemory;
     if (!InRange(flipV, 0, 1) || !InRange(flipH, 0, 1)) return ravi::kEngineBadArgument;
     LouieState& state = *louie->state;
     if (!state.raster.Empty())
@@ -253,6 +267,7 @@ short Dewey::Rotate(short angle, short flipV, short flipH)
 
 short Dewey::Resize(long width, long height, short smooth)
 {
+    if (!ravi::HasState(this)) return ravi::kEngineNoMemory;
     if (width <= 0 || height <= 0 || width > ravi::kMaxSide || height > ravi::kMaxSide) return ravi::kEngineBadSize;
     if (!InRange(smooth, 0, 1)) return ravi::kEngineBadArgument;
     LouieState& state = *louie->state;
@@ -274,6 +289,7 @@ short Dewey::Resize(long width, long height, short smooth)
 
 short Dewey::Rasterize(long width, long height, short bits)
 {
+    if (!ravi::HasState(this)) return ravi::kEngineNoMemory;
     if (width <= 0 || height <= 0 || width > ravi::kMaxSide || height > ravi::kMaxSide) return ravi::kEngineBadSize;
     if (bits != 1 && bits != 4 && bits != 8 && bits != 24 && bits != 32) return ravi::kEngineBadDepth;
     LouieState& state = *louie->state;
@@ -290,6 +306,7 @@ short Dewey::Rasterize(long width, long height, short bits)
 
 short Dewey::Reduce(short depth, short method, short optimisePalette, long screen)
 {
+    if (!ravi::HasState(this)) return ravi::kEngineNoMemory;
     if (!InRange(method, 0, 3) || !InRange(optimisePalette, 0, 1) || screen < 0) return ravi::kEngineBadArgument;
     if (!(InRange(depth, 1, 24) || depth == 32)) return ravi::kEngineBadDepth;
     LouieState& state = *louie->state;
@@ -302,6 +319,7 @@ short Dewey::Reduce(short depth, short method, short optimisePalette, long scree
 // period in tenths of a micron, not as the direct call does.
 short ravi::RunReduceLine(Dewey* document, int depth, int method, long palette, long screen)
 {
+    if (!HasState(document)) return kEngineNoMemory;
     LouieState& state = *document->louie->state;
     if (state.raster.Empty()) return state.emf ? ravi::kEngineNotSupported : ravi::kEngineNoImage;
     ravi::ReduceParams params = ravi::ReduceParamsFromScript(depth, method, palette, screen);
@@ -310,6 +328,7 @@ short ravi::RunReduceLine(Dewey* document, int depth, int method, long palette, 
 
 short Dewey::UndoRedo()
 {
+    if (!ravi::HasState(this)) return ravi::kEngineNoMemory;
     LouieState& state = *louie->state;
     if (!state.hasUndo) return ravi::kEngineNothingToUndo;
     std::swap(state.raster, state.undoRaster);
@@ -319,25 +338,41 @@ short Dewey::UndoRedo()
 
 short Dewey::PrepRaster(short, short, short)
 {
+    if (!ravi::HasState(this)) return ravi::kEngineNoMemory;
     return ravi::kEngineNotAvailable;
 }
 
 short Dewey::Vectorize(short, short, short, short, short, short)
 {
+    if (!ravi::HasState(this)) return ravi::kEngineNoMemory;
     return ravi::kEngineNotAvailable;
 }
 
 short Dewey::RefreshOptions(const char* path)
 {
-    // The options of a conversion are read when a file is written; until
-    // then the document only remembers where they stand.
+    if (!ravi::HasState(this)) return ravi::kEngineNoMemory;
     if (!path) return ravi::kEngineBadArgument;
-    lstrcpynA(louie->state->optionsPath, path, sizeof louie->state->optionsPath);
+    TagSet options;
+    short code = options.SetPath(path, 1);
+    if (code != 0) return code;
+    LouieState& state = *louie->state;
+    lstrcpynA(state.optionsPath, path, sizeof state.optionsPath);
+
+    // "JPGQ" is a quality factor from 2 (best) to 255 (smallest file); the
+    // imaging component takes a quality from 0 to 1 the other way round.
+    state.jpegQuality = -1.0f;
+    const char* q = options.Get("JPGQ");
+    if (q && *q) {
+        long factor = std::strtol(q, nullptr, 10);
+        factor = std::clamp(factor, 2L, 255L);
+        state.jpegQuality = 1.0f - float(factor - 2) / 253.0f;
+    }
     return 0;
 }
 
 short Dewey::Open(const char* path)
 {
+    if (!ravi::HasState(this)) return ravi::kEngineNoMemory;
     if (!path || !*path) return ravi::kEngineBadArgument;
     ravi::Image image;
     HENHMETAFILE emf = nullptr;
@@ -363,14 +398,16 @@ short Dewey::Open(const char* path)
 
 short Dewey::Save(const char* path)
 {
+    if (!ravi::HasState(this)) return ravi::kEngineNoMemory;
     if (!path || !*path) return ravi::kEngineBadArgument;
     const LouieState& state = *louie->state;
     if (state.raster.Empty() && !state.emf) return ravi::kEngineNoImage;
-    return ravi::WriteImageFile(path, state.raster, state.emf);
+    return ravi::WriteImageFile(path, state.raster, state.emf, state.jpegQuality);
 }
 
 short Dewey::CreateRaster(long width, long height, short bits)
 {
+    if (!ravi::HasState(this)) return ravi::kEngineNoMemory;
     if (width <= 0 || height <= 0 || width > ravi::kMaxSide || height > ravi::kMaxSide) return ravi::kEngineBadSize;
     ravi::Image image;
     short code = ravi::MakeImage(width, height, bits, &image);
@@ -385,6 +422,7 @@ short Dewey::CreateRaster(long width, long height, short bits)
 
 BITMAPINFOHEADER* Dewey::GetDib()
 {
+    if (!ravi::HasState(this)) return nullptr;
     LouieState& state = *louie->state;
     if (state.raster.Empty()) return nullptr;
     return reinterpret_cast<BITMAPINFOHEADER*>(state.raster.Data());
@@ -392,5 +430,6 @@ BITMAPINFOHEADER* Dewey::GetDib()
 
 HENHMETAFILE Dewey::GetMetafile()
 {
+    if (!ravi::HasState(this)) return nullptr;
     return louie->state->emf;
 }

@@ -30,6 +30,8 @@ public:
     char sectionName[32] = {};
     char fileName[516] = {};
     char optionsPath[516] = {};
+    // Options read from the tag set at optionsPath, for files written.
+    float jpegQuality = -1.0f;  // 0..1, negative: the encoder's own
 };
 
 namespace ravi {
@@ -38,6 +40,13 @@ namespace ravi {
 constexpr short kEngineNothingToUndo = kRavicliNothingToUndo;
 constexpr short kEngineNotAvailable = kRavicliNotAvailable;
 constexpr short kEngineNoWindow = kRavicliNoWindow;
+
+// A document whose engine object or state could not be allocated answers
+// every call with kEngineNoMemory instead of touching them.
+inline bool HasState(const Dewey* document)
+{
+    return document && document->louie && document->louie->state;
+}
 
 // --- sections (section.cpp) ---
 // Puts bytes into the document's section, making a new one when there is
@@ -64,7 +73,7 @@ short RunReduceLine(Dewey* document, int depth, int method, long palette, long s
 
 // --- files (image_files.cpp) ---
 short ReadImageFile(const char* path, ravi::Image& image, HENHMETAFILE& emf);
-short WriteImageFile(const char* path, const ravi::Image& image, HENHMETAFILE emf);
+short WriteImageFile(const char* path, const ravi::Image& image, HENHMETAFILE emf, float jpegQuality);
 
 // --- metafiles (metafile.cpp) ---
 // Plays a metafile into a new DIB of the given size and depth.

@@ -19,7 +19,8 @@ short Huey::AttachWindow(HWND target, HDC)
 short Huey::Paint(tagRECT* source, tagRECT* target)
 {
     if (!window) return ravi::kEngineNoWindow;
-    if (!document || !source || !target) return ravi::kEngineBadArgument;
+    if (!source || !target) return ravi::kEngineBadArgument;
+    if (!ravi::HasState(document)) return ravi::kEngineNoImage;
     LONG srcW = source->right - source->left, srcH = source->bottom - source->top;
     LONG dstW = target->right - target->left, dstH = target->bottom - target->top;
     if (srcW <= 0 || srcH <= 0 || dstW <= 0 || dstH <= 0) return ravi::kEngineBadSize;

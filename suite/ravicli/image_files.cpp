@@ -308,12 +308,23 @@ WICPixelFormatGUID WicFormatOf(const ravi::Image& image)
 
 // Tries to write one frame of the image as it is. S_FALSE when the encoder
 // wants another pixel format; the caller then converts and tries again.
-HRESULT EncodeFrame(IWICImagingFactory* factory, IWICBitmapEncoder* encoder, const ravi::Image& image)
+HRESULT EncodeFrame(IWICImagingFactory* factory, IWICBitmapEncoder* encoder, const ravi::Image& image,
+                    float jpegQuality)
 {
     ComPtr<IWICBitmapFrameEncode> frame;
     ComPtr<IPropertyBag2> options;
     HRESULT hr = encoder->CreateNewFrame(&frame, &options);
     if (FAILED(hr)) return hr;
+    if (jpegQuality >= 0.0f && options) {
+        // Encoders without this option ignore it.
+        PROPBAG2 name = {};
+        name.pstrName = const_cast<LPOLESTR>(L"ImageQuality");
+        VARIANT value;
+        VariantInit(&value);
+        value.vt = VT_R4;
+        value.fltVal = jpegQuality;
+        options->Write(1, &name, &value);
+    }
     if (FAILED(hr = frame->Initialize(options.get()))) return hr;
     if (FAILED(hr = frame->SetSize(UINT(image.Width()), UINT(image.Height())))) return hr;
     double dpiX = DpiFromPelsPerMeter(image.Header()->xPelsPerMeter);
@@ -346,7 +357,8 @@ HRESULT EncodeFrame(IWICImagingFactory* factory, IWICBitmapEncoder* encoder, con
 
 // Writes the image into a stream in a container format, converting its
 // depth where the encoder asks for another.
-short EncodeToStream(IWICImagingFactory* factory, IStream* stream, const GUID& container, const ravi::Image& source)
+short EncodeToStream(IWICImagingFactory* factory, IStream* stream, const GUID& container, const ravi::Image& source,
+                     float jpegQuality = -1.0f)
 {
     ravi::Image image = source;
     short code = 0;
@@ -371,7 +383,7 @@ short EncodeToStream(IWICImagingFactory* factory, IStream* stream, const GUID& c
         LARGE_INTEGER zero = {};
         stream->Seek(zero, STREAM_SEEK_SET, nullptr);
         if (FAILED(encoder->Initialize(stream, WICBitmapEncoderNoCache))) return ravi::kEngineFileWrite;
-        HRESULT hr = EncodeFrame(factory, encoder.get(), image);
+        HRESULT hr = EncodeFrame(factory, encoder.get(), image, jpegQuality);
         if (hr == S_OK) return 0;
         if (FAILED(hr)) return ravi::kEngineFileWrite;
         // The encoder wants another depth: 24 bits is what they all take.
@@ -391,7 +403,7 @@ GUID ContainerOf(FileKind kind)
     }
 }
 
-short WriteThroughWic(const char* path, FileKind kind, const ravi::Image& image)
+short WriteThroughWic(const char* path, FileKind kind, const ravi::Image& image, float jpegQuality)
 {
     ComScope com;
     ComPtr<IWICImagingFactory> factory;
@@ -402,7 +414,7 @@ short WriteThroughWic(const char* path, FileKind kind, const ravi::Image& image)
     if (FAILED(factory->CreateStream(&stream))) return ravi::kEngineNoMemory;
     std::wstring wide = Widen(path);
     if (FAILED(stream->InitializeFromFilename(wide.c_str(), GENERIC_WRITE))) return ravi::kEngineFileWrite;
-    return EncodeToStream(factory.get(), stream.get(), ContainerOf(kind), image);
+    return EncodeToStream(factory.get(), stream.get(), ContainerOf(kind), image, jpegQuality);
 }
 
 // The image as a PNG in memory, for icons larger than a BMP entry may be.
@@ -540,7 +552,7 @@ short ReadImageFile(const char* path, Image& image, HENHMETAFILE& emf)
     }
 }
 
-short WriteImageFile(const char* path, const Image& raster, HENHMETAFILE emf)
+short WriteImageFile(const char* path, const Image& raster, HENHMETAFILE emf, float jpegQuality)
 {
     FileKind kind = KindOfPath(path);
     if (kind == FileKind::Unknown) return kEngineFileFormat;
@@ -565,7 +577,7 @@ short WriteImageFile(const char* path, const Image& raster, HENHMETAFILE emf)
         image = &drawn;
     }
     if (kind == FileKind::Ico) return WriteIcon(path, *image);
-    return WriteThroughWic(path, kind, *image);
+    return WriteThroughWic(path, kind, *image, jpegQuality);
 }
 
 }  // namespace ravi

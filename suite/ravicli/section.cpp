@@ -6,6 +6,7 @@
 // picture is first opened or made.
 #include <cstdio>
 #include <cstring>
+#include <new>
 
 #include "engine_state.h"
 
@@ -125,10 +126,13 @@ short StoreInSection(Louie* louie, const void* bytes, std::size_t count)
 
 }  // namespace ravi
 
-Louie::Louie() : reserved_{}, section(nullptr), state(new LouieState) {}
+// The suite's allocators give null rather than throw, and so does this one:
+// a document without its state answers every call with "no memory".
+Louie::Louie() : reserved_{}, section(nullptr), state(new (std::nothrow) LouieState) {}
 
 Louie::~Louie()
 {
+    if (!state) return;
     ravi::CloseSection(this);
     if (state->emf) DeleteEnhMetaFile(state->emf);
     if (state->undoEmf) DeleteEnhMetaFile(state->undoEmf);
@@ -137,6 +141,7 @@ Louie::~Louie()
 
 short Louie::SaveResurrectionData()
 {
+    if (!state) return ravi::kEngineNoMemory;
     std::vector<unsigned char> bytes = ravi::PictureBytes(*state);
     if (bytes.empty()) return ravi::kEngineNoImage;
     return ravi::StoreInSection(this, bytes.data(), bytes.size());
@@ -144,6 +149,7 @@ short Louie::SaveResurrectionData()
 
 short Dewey::GetSectionName(char* name)
 {
+    if (!ravi::HasState(this)) return ravi::kEngineNoMemory;
     if (!name) return ravi::kEngineBadArgument;
     lstrcpynA(name, louie->state->sectionName, 32);
     return 0;
@@ -151,6 +157,7 @@ short Dewey::GetSectionName(char* name)
 
 short Dewey::GetFileName(char* name)
 {
+    if (!ravi::HasState(this)) return ravi::kEngineNoMemory;
     if (!name) return ravi::kEngineBadArgument;
     lstrcpynA(name, louie->state->fileName, 516);
     return 0;
@@ -158,6 +165,7 @@ short Dewey::GetFileName(char* name)
 
 short Dewey::ResurrectSection(const char* sectionName, const char* file)
 {
+    if (!ravi::HasState(this)) return ravi::kEngineNoMemory;
     // Without a section the document can still come from its file.
     if (!sectionName || !*sectionName) {
         if (file && *file) return Open(file);

@@ -26,6 +26,14 @@ TEST(Operations, RotateMovesAKnownColourWhereItShouldGo)
     ASSERT_EQ(document.Rotate(0, 0, 1), 0);
     EXPECT_EQ(Rgb(document, 0, 0), 0xFF0000u);
     EXPECT_EQ(document.Rotate(90, 2, 0), ravi::kEngineBadArgument);
+
+    // Any other angle turns onto a canvas that holds the whole picture.
+    Dewey square;
+    ASSERT_EQ(MakeQuadrants(square, 20, 20), 0);
+    ASSERT_EQ(square.Rotate(45, 0, 0), 0);
+    square.GetInfo(&w, &h, nullptr, nullptr, nullptr);
+    EXPECT_NEAR(w, 28, 1);
+    EXPECT_NEAR(h, 28, 1);
 }
 
 TEST(Operations, UndoRedoTakesTheLastChangeBackAndAgain)
@@ -89,6 +97,19 @@ TEST(Operations, ReduceGivesThePaletteSizeAskedFor)
     EXPECT_LE(colours.size(), 16u);
     EXPECT_GT(colours.size(), 4u) << "an optimised palette uses its room";
     EXPECT_EQ(document.Reduce(4, 7, 0, 0), ravi::kEngineBadArgument);
+
+    // Each of the four methods keeps to two colours at one bit.
+    for (short method = 0; method < 4; ++method) {
+        Dewey grey;
+        ASSERT_EQ(grey.CreateRaster(32, 32, 24), 0);
+        for (int x = 0; x < 32; ++x)
+            for (int y = 0; y < 32; ++y) SetRgb(grey, x, y, 0x010101u * uint32_t(x * 8));
+        ASSERT_EQ(grey.Reduce(1, method, 0, 60), 0) << method;
+        std::set<uint32_t> seen;
+        for (int x = 0; x < 32; ++x)
+            for (int y = 0; y < 32; ++y) seen.insert(Rgb(grey, x, y));
+        EXPECT_EQ(seen.size(), 2u) << method;
+    }
 }
 
 TEST(Operations, ColourWorkOnEveryDepth)

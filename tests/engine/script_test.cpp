@@ -62,14 +62,16 @@ TEST(Script, StopsAtABadLineWithoutRunningIt)
         {"Gamma 1 2\n\r", ravi::kScriptArgumentCount},
         {"Gamma 1 2 300\n\r", ravi::kScriptOutOfRange},
         {"Gamma 1 x 3\n\r", ravi::kScriptBadNumber},
-        {"Invert\r\n", ravi::kScriptBadLineEnd},
-        {"Invert", ravi::kScriptBadLineEnd},
+        {"Gamma 1 2 3\r\n", ravi::kScriptBadLineEnd},
+        {"Invert", ravi::kScriptBadLineEnd},  // the last line, with no end
     };
     for (const Case& c : cases) {
         Dewey document;
         ASSERT_EQ(MakeQuadrants(document, 4, 4), 0);
         // The good line before runs; the bad line and those after do not.
-        EXPECT_EQ(RunScript(document, std::string("Invert\n\r") + c.bad + "Invert\n\r"), c.code) << c.bad;
+        std::string bad = c.bad;
+        std::string after = bad.back() == '\r' || bad.back() == '\n' ? "Invert\n\r" : "";
+        EXPECT_EQ(RunScript(document, "Invert\n\r" + bad + after), c.code) << c.bad;
         EXPECT_EQ(Rgb(document, 0, 0), 0x00FFFFu) << c.bad;
     }
 }
