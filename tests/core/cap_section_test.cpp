@@ -120,43 +120,6 @@ TEST(CapSection, AMissingSectionStillTellsALiveOwnerButNoOneElse)
     EXPECT_EQ(TakeReleaseMessage(owner.window), -1);
 }
 
-TEST(CapSection, AnOverlongNameOpensNothing)
-{
-    OwnerWindow owner;
-    std::string name(49, 'L');
-    HANDLE section = MakeSection(name.c_str());
-    std::string fits = Describe(1, owner.window, name);
-    std::string over = Describe(2, owner.window, name + "X");
-    {
-        CapSection a(fits.data());
-        EXPECT_NE(a.view, nullptr);
-        CapSection b(over.data());
-        EXPECT_EQ(b.view, nullptr);
-        EXPECT_STREQ(b.name, "");
-    }
-    EXPECT_EQ(TakeReleaseMessage(owner.window), 2);
-    EXPECT_EQ(TakeReleaseMessage(owner.window), 1);
-    CloseHandle(section);
-}
-
-TEST(CapSection, AssignmentSharesTheSection)
-{
-    OwnerWindow owner;
-    HANDLE section = MakeSection("ZvCapSectionTestB");
-    std::string text = Describe(3, owner.window, "ZvCapSectionTestB");
-    CapSection* first = new CapSection(text.data());
-    char none[] = "0000000000000000";
-    CapSection* second = new CapSection(none);
-    *second = *first;
-    EXPECT_EQ(second->view, first->view);
-    EXPECT_EQ(second->mapping, first->mapping);
-    EXPECT_STREQ(second->name, "ZvCapSectionTestB");
-    CapSection::operator delete(first);  // the fields belong to second now
-    delete second;
-    EXPECT_EQ(TakeReleaseMessage(owner.window), 3);
-    CloseHandle(section);
-}
-
 TEST(CapSection, SeenFromASecondProcess)
 {
     OwnerWindow owner;

@@ -89,46 +89,19 @@ TEST(TranslateAllTags, FollowsTheDestinationLastTranslated)
     EXPECT_EQ(tags.Get("BMPGIFBRIGHT"), "<absent>");
 }
 
-TEST(TranslateOneTag, NeutralAndCaseOnlyMovesKeepTheOldTag)
-{
-    StoredSet tags("TranslateOne");
-    tags.Set("BMP~~~INV", "ON");
-    TranslateOneTag(tags.tags, "BMP", "~~~", "PNG", "INV");
-    EXPECT_EQ(tags.Get("BMPPNGINV"), "ON");
-    EXPECT_EQ(tags.Get("BMP~~~INV"), "ON");
-    tags.Set("PCXW", "2.5");
-    TranslateOneTag(tags.tags, "", "pcx", "GIF", "W");
-    EXPECT_EQ(tags.Get("GIFW"), "2.5");
-    EXPECT_EQ(tags.Get("PCXW"), "<absent>");
-}
-
-TEST(TraceNumbers, ReadTheMethodsTagsThroughTheStringTable)
+TEST(TraceNumbers, ListPositionsComeFromTheLibrarysStringTable)
 {
     StoredSet tags("Trace");
     EXPECT_EQ(TraceGetMaxColors(tags.tags, "BMPWMF"), 16);
-    EXPECT_EQ(TraceGetMethod(tags.tags, "BMPWMF"), 0);
-    char key[64];
-    TraceMakeTag(tags.tags, "BMPWMF", "GENTOL", key);
-    EXPECT_STREQ(key, "BMPWMFGENTOL");
-
     tags.Set("BMPWMFTRACE", "CTR");
     tags.Set("BMPWMFCTRUNDITHER", "3x3");
     tags.Set("BMPWMFCTRSPECKREM", "L");
-    tags.Set("BMPWMFCTRMAXCOLORS", "64");
-    tags.Set("BMPWMFCTRGENTOL", "6");
-    tags.Set("BMPWMFCTRBEZGEN", "on");
-    tags.Set("BMPWMFCTRARCGEN", "OFF");
-    tags.Set("BMPWMFCTRR2VFW", "3");
+    char key[64];
     TraceMakeTag(tags.tags, "BMPWMF", "GENTOL", key);
     EXPECT_STREQ(key, "BMPWMFCTRGENTOL");
     EXPECT_EQ(TraceGetMethod(tags.tags, "BMPWMF"), 1);
     EXPECT_EQ(TraceGetUndither(tags.tags, "BMPWMF"), 2);
     EXPECT_EQ(TraceGetDespec(tags.tags, "BMPWMF"), 3);
-    EXPECT_EQ(TraceGetMaxColors(tags.tags, "BMPWMF"), 64);
-    EXPECT_EQ(TraceGetGenTol(tags.tags, "BMPWMF"), 6);
-    EXPECT_EQ(TraceGetBezGen(tags.tags, "BMPWMF"), 1);
-    EXPECT_EQ(TraceGetArcGen(tags.tags, "BMPWMF"), 0);
-    EXPECT_EQ(TraceGetLineWidth(tags.tags, "BMPWMF"), 3);
     tags.Set("BMPWMFCTRUNDITHER", "9x9");
     EXPECT_EQ(TraceGetUndither(tags.tags, "BMPWMF"), 0);
 }
