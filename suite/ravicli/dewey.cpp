@@ -50,6 +50,7 @@ void CommitVector(LouieState& state, HENHMETAFILE emf)
 {
     PushHistory(state);
     state.emf = emf;
+    state.vectorStale = true;
 }
 
 }  // namespace ravi
@@ -333,6 +334,7 @@ short Dewey::UndoRedo()
     if (!state.hasUndo) return ravi::kEngineNothingToUndo;
     std::swap(state.raster, state.undoRaster);
     std::swap(state.emf, state.undoEmf);
+    if (state.emf) state.vectorStale = true;
     return 0;
 }
 
@@ -380,18 +382,14 @@ short Dewey::Open(const char* path)
     if (code != 0) return code;
 
     // The section first: when it cannot be had the document keeps what it had.
-    LouieState probe;
-    probe.raster = std::move(image);
-    probe.emf = emf;
-    std::vector<unsigned char> bytes = ravi::PictureBytes(probe);
-    probe.emf = nullptr;
+    std::vector<unsigned char> bytes = ravi::PictureBytes(image, emf);
     code = ravi::StoreInSection(louie, bytes.data(), bytes.size());
     if (code != 0) {
         if (emf) DeleteEnhMetaFile(emf);
         return code;
     }
     LouieState& state = *louie->state;
-    ravi::ReplacePicture(state, std::move(probe.raster), emf);
+    ravi::ReplacePicture(state, std::move(image), emf);
     lstrcpynA(state.fileName, path, sizeof state.fileName);
     return 0;
 }

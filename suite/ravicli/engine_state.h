@@ -25,6 +25,11 @@ public:
     ravi::Image undoRaster;
     HENHMETAFILE undoEmf = nullptr;
 
+    // A vector's section is shared by name without SaveResurrectionData
+    // (a clone of a vector looks at the same section), so a change marks it
+    // stale and GetSectionName brings it up to date.
+    bool vectorStale = false;
+
     void* view = nullptr;        // the section mapped whole
     std::size_t viewBytes = 0;   // what VirtualQuery says the view holds
     char sectionName[32] = {};
@@ -55,7 +60,7 @@ short StoreInSection(Louie* louie, const void* bytes, std::size_t count);
 // Unmaps and closes the document's section.
 void CloseSection(Louie* louie);
 // The bytes that stand for the picture in hand: the DIB, or the metafile's.
-std::vector<unsigned char> PictureBytes(const LouieState& state);
+std::vector<unsigned char> PictureBytes(const ravi::Image& raster, HENHMETAFILE emf);
 
 // --- the picture in hand (dewey.cpp) ---
 // Replaces the picture by a new one, keeping the old one for UndoRedo.

@@ -136,8 +136,10 @@ short ImageFromFrame(IWICImagingFactory* factory, IWICBitmapFrameDecode* frame, 
 
     // Depths a DIB holds as they are stay; everything else is converted to
     // 32 bits when it may carry transparency and to 24 bits otherwise.
+    // Black and white and 8-bit greys need no table of their own: the
+    // default tables of MakeImage are just these.
     int bits = 0;
-    bool indexed = false, grey = false;
+    bool indexed = false;
     WICPixelFormatGUID wanted = format;
     if (IsEqualGUID(format, GUID_WICPixelFormatBlackWhite) || IsEqualGUID(format, GUID_WICPixelFormat1bppIndexed)) {
         bits = 1;
@@ -150,7 +152,6 @@ short ImageFromFrame(IWICImagingFactory* factory, IWICBitmapFrameDecode* frame, 
         indexed = true;
     } else if (IsEqualGUID(format, GUID_WICPixelFormat8bppGray)) {
         bits = 8;
-        grey = true;
     } else if (IsEqualGUID(format, GUID_WICPixelFormat24bppBGR)) {
         bits = 24;
     } else if (IsEqualGUID(format, GUID_WICPixelFormat32bppBGR) || IsEqualGUID(format, GUID_WICPixelFormat32bppBGRA)) {
@@ -193,9 +194,6 @@ short ImageFromFrame(IWICImagingFactory* factory, IWICBitmapFrameDecode* frame, 
                 table[i].reserved = 0;
             }
         }
-    } else if (grey || bits == 1) {
-        // Black and white, or a grey ramp: the default tables of MakeImage
-        // are just these, so nothing is to be set.
     }
 
     // The imaging component gives rows from the top, the DIB keeps them

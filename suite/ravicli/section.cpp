@@ -69,15 +69,15 @@ short PictureFromView(const unsigned char* bytes, std::size_t count, ravi::Image
 
 namespace ravi {
 
-std::vector<unsigned char> PictureBytes(const LouieState& state)
+std::vector<unsigned char> PictureBytes(const Image& raster, HENHMETAFILE emf)
 {
     std::vector<unsigned char> bytes;
-    if (!state.raster.Empty()) {
-        bytes.assign(state.raster.Data(), state.raster.Data() + state.raster.Size());
-    } else if (state.emf) {
-        UINT count = GetEnhMetaFileBits(state.emf, 0, nullptr);
+    if (!raster.Empty()) {
+        bytes.assign(raster.Data(), raster.Data() + raster.Size());
+    } else if (emf) {
+        UINT count = GetEnhMetaFileBits(emf, 0, nullptr);
         bytes.resize(count);
-        if (count) GetEnhMetaFileBits(state.emf, count, bytes.data());
+        if (count) GetEnhMetaFileBits(emf, count, bytes.data());
     }
     return bytes;
 }
@@ -142,7 +142,7 @@ Louie::~Louie()
 short Louie::SaveResurrectionData()
 {
     if (!state) return ravi::kEngineNoMemory;
-    std::vector<unsigned char> bytes = ravi::PictureBytes(*state);
+    std::vector<unsigned char> bytes = ravi::PictureBytes(state->raster, state->emf);
     if (bytes.empty()) return ravi::kEngineNoImage;
     return ravi::StoreInSection(this, bytes.data(), bytes.size());
 }
@@ -151,7 +151,10 @@ short Dewey::GetSectionName(char* name)
 {
     if (!ravi::HasState(this)) return ravi::kEngineNoMemory;
     if (!name) return ravi::kEngineBadArgument;
-    lstrcpynA(name, louie->state->sectionName, 32);
+    LouieState& state = *louie->state;
+    if (state.raster.Empty() && state.emf && state.vectorStale && louie->SaveResurrectionData() == 0)
+        state.vectorStale = false;
+    lstrcpynA(name, state.sectionName, 32);
     return 0;
 }
 

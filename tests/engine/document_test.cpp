@@ -162,6 +162,14 @@ TEST(Document, SharesAVectorPictureThroughItsSection)
     ASSERT_EQ(second.Rasterize(40, 20, 24), 0);
     EXPECT_TRUE(Near(Rgb(second, 5, 10), 0xFF0000, 8));
     EXPECT_TRUE(Near(Rgb(second, 35, 10), 0x0000FF, 8));
+
+    // A change to the vector reaches the shared section by its name alone.
+    ASSERT_EQ(first.Invert(), 0);
+    first.GetSectionName(name);
+    Dewey third;
+    ASSERT_EQ(third.ResurrectSection(name, file), 0);
+    ASSERT_EQ(third.Rasterize(40, 20, 24), 0);
+    EXPECT_TRUE(Near(Rgb(third, 5, 10), 0x00FFFF, 8)) << std::hex << Rgb(third, 5, 10);
     DeleteFileA(path.c_str());
 }
 
