@@ -160,8 +160,8 @@ ZVWIO32_API int RetrieveCheckBoxTag(HWND dialog, int control, const char* prefix
     return checked ? 1 : 0;
 }
 
-ZVWIO32_API int DisplayRadioButtonTag(HWND dialog, int first, int last, const char* prefix, const char* name,
-                                      TagSet* tags, int valuesId, HINSTANCE module)
+ZVWIO32_API int DisplayRadioButtonTag(HWND dialog, int first, int last, int valuesId, const char* prefix,
+                                      const char* name, HINSTANCE module, TagSet* tags)
 {
     const int index = IndexOf(LoadListItems(module, valuesId), ZvGetTag(tags, Key(prefix, name).c_str()));
     int id = first + (index < 0 ? 0 : index);
@@ -173,8 +173,8 @@ ZVWIO32_API int DisplayRadioButtonTag(HWND dialog, int first, int last, const ch
     return id;
 }
 
-ZVWIO32_API void RetrieveRadioButtonTag(HWND dialog, int first, int last, const char* prefix, const char* name,
-                                        TagSet* tags, int valuesId, HINSTANCE module)
+ZVWIO32_API void RetrieveRadioButtonTag(HWND dialog, int first, int last, int valuesId, const char* prefix,
+                                        const char* name, HINSTANCE module, TagSet* tags)
 {
     const std::vector<std::string> values = LoadListItems(module, valuesId);
     for (int id = first; id <= last; ++id) {
@@ -189,8 +189,8 @@ ZVWIO32_API void RetrieveRadioButtonTag(HWND dialog, int first, int last, const 
 
 // --- Lists ------------------------------------------------------------------
 
-ZVWIO32_API void LoadList(HWND dialog, int list, int label, const char* prefix, const char* name, TagSet* tags,
-                          int shownId, int valuesId, HINSTANCE module)
+ZVWIO32_API void LoadList(HWND dialog, int list, int label, int shownId, int valuesId, const char* prefix,
+                          const char* name, HINSTANCE module, TagSet* tags)
 {
     const ListControl control(GetDlgItem(dialog, list));
     if (!control.window)
@@ -212,8 +212,8 @@ ZVWIO32_API void LoadList(HWND dialog, int list, int label, const char* prefix, 
     control.Select(index >= 0 && index < static_cast<int>(shown.size()) ? index : 0);
 }
 
-ZVWIO32_API char* RetrieveList(HWND dialog, int list, const char* prefix, const char* name, TagSet* tags,
-                               int valuesId, HINSTANCE module)
+ZVWIO32_API char* RetrieveList(HWND dialog, int list, int valuesId, const char* prefix, const char* name,
+                               HINSTANCE module, TagSet* tags)
 {
     static char result[256];
     const ListControl control(GetDlgItem(dialog, list));
@@ -256,7 +256,7 @@ ZVWIO32_API int GetListIndex(int id, const char* text, HINSTANCE module)
 // --- Track bars -------------------------------------------------------------
 
 ZVWIO32_API void DisplayTrackBarTag(HWND dialog, int trackBar, int edit, const char* prefix, const char* name,
-                                    TagSet* tags, int min, int max)
+                                    int min, int max, TagSet* tags)
 {
     const int value = ZvGetIntTag(tags, Key(prefix, name).c_str());
     if (HWND bar = GetDlgItem(dialog, trackBar)) {
@@ -272,7 +272,7 @@ ZVWIO32_API void DisplayTrackBarTag(HWND dialog, int trackBar, int edit, const c
 }
 
 ZVWIO32_API void RetrieveTrackBarTag(HWND dialog, int trackBar, int edit, int label, const char* prefix,
-                                     const char* name, TagSet* tags, int min, int max, int* valid)
+                                     const char* name, int min, int max, TagSet* tags, int* valid)
 {
     HWND bar = GetDlgItem(dialog, trackBar);
     HWND field = GetDlgItem(dialog, edit);
@@ -325,7 +325,7 @@ ZVWIO32_API void DisplayEditIntTag(HWND dialog, int edit, const char* prefix, co
 }
 
 ZVWIO32_API void RetrieveEditIntTag(HWND dialog, int edit, int label, const char* prefix, const char* name,
-                                    TagSet* tags, int min, int max, int* valid)
+                                    int min, int max, TagSet* tags, int* valid)
 {
     HWND field = GetDlgItem(dialog, edit);
     if (!field)
@@ -354,7 +354,7 @@ ZVWIO32_API double DisplayEditFloatTag(HWND dialog, int edit, const char* prefix
 }
 
 ZVWIO32_API double RetrieveEditFloatTag(HWND dialog, int edit, int label, const char* prefix, const char* name,
-                                        TagSet* tags, double min, double max, int* valid)
+                                        double min, double max, TagSet* tags, int* valid)
 {
     const std::string key = Key(prefix, name);
     HWND field = GetDlgItem(dialog, edit);

@@ -159,9 +159,9 @@ ZVWIO32_API double RoundOff(double value, double step)
     return zvw::RoundToStep(value, step);
 }
 
-ZVWIO32_API double ConvertUnits(double value, const char* from, const char* to, double dpi, double reference)
+ZVWIO32_API double ConvertUnits(const char* from, const char* to, double value, double dpi, double reference)
 {
-    return zvw::Convert(value, from, to, dpi, reference);
+    return zvw::Convert(from, to, value, dpi, reference);
 }
 
 ZVWIO32_API void GetRotatedSize(double angle, double width, double height, double* newWidth, double* newHeight)

@@ -34,9 +34,11 @@ ZVWIO32_API short ZvSetGlobalIntTag(TagSet* tags, const char* key, int value);
 ZVWIO32_API TagSearch* ZvOpenTagSearch(TagSet* tags, const char* prefix);
 ZVWIO32_API char* ZvTagSearch(TagSearch* search);  // next key without the prefix, or null
 
-// --- Control binding. The key is prefix + name (either may be null). A
-// control that the dialog lacks is passed over: nothing is shown, nothing
-// stored, no complaint. The Retrieve functions with `valid` leave a value
+// --- Control binding. Arguments go ids first, then the key's parts, bounds
+// and module, and the set last (only `valid` after it), as the dialogs call
+// them. The key is prefix + name (either may be null). A control that the
+// dialog lacks is passed over: nothing is shown, nothing stored, no
+// complaint. The Retrieve functions with `valid` leave a value
 // that is no number or lies outside min..max unstored, clear *valid, and
 // tell the user with a message box that names the label's caption and the
 // bounds, then put the focus on the control. Only the first bad value of a
@@ -50,37 +52,38 @@ ZVWIO32_API int RetrieveCheckBoxTag(HWND dialog, int control, const char* prefix
 // Checks the button at the position of the tag's value in the list (case
 // ignored; the first button when the tag is absent or unknown) and gives its
 // id, or 0 when there is no such button.
-ZVWIO32_API int DisplayRadioButtonTag(HWND dialog, int first, int last, const char* prefix, const char* name,
-                                       TagSet* tags, int valuesId, HINSTANCE module);
-ZVWIO32_API void RetrieveRadioButtonTag(HWND dialog, int first, int last, const char* prefix, const char* name,
-                                        TagSet* tags, int valuesId, HINSTANCE module);
+ZVWIO32_API int DisplayRadioButtonTag(HWND dialog, int first, int last, int valuesId, const char* prefix,
+                                       const char* name, HINSTANCE module, TagSet* tags);
+ZVWIO32_API void RetrieveRadioButtonTag(HWND dialog, int first, int last, int valuesId, const char* prefix,
+                                        const char* name, HINSTANCE module, TagSet* tags);
 // Fills a combo or list box with the shown texts of shownId and selects the
 // entry whose value (of valuesId, or the shown text itself when valuesId is
 // 0) equals the tag, case ignored; entry 0 when none does. A list with no
 // entries is disabled together with its label.
-ZVWIO32_API void LoadList(HWND dialog, int list, int label, const char* prefix, const char* name, TagSet* tags,
-                          int shownId, int valuesId, HINSTANCE module);
-// Stores the value that belongs to the selection and gives it (a buffer of
-// the library's that stays valid until the next call), or null.
-ZVWIO32_API char* RetrieveList(HWND dialog, int list, const char* prefix, const char* name, TagSet* tags,
-                               int valuesId, HINSTANCE module);
+ZVWIO32_API void LoadList(HWND dialog, int list, int label, int shownId, int valuesId, const char* prefix,
+                          const char* name, HINSTANCE module, TagSet* tags);
+// Stores the value that belongs to the selection (the selected text itself
+// when valuesId is 0) and gives it (a buffer of the library's that stays
+// valid until the next call), or null.
+ZVWIO32_API char* RetrieveList(HWND dialog, int list, int valuesId, const char* prefix, const char* name,
+                               HINSTANCE module, TagSet* tags);
 // Sets the bar's range and position and the edit's text from the tag.
 ZVWIO32_API void DisplayTrackBarTag(HWND dialog, int trackBar, int edit, const char* prefix, const char* name,
-                                    TagSet* tags, int min, int max);
+                                    int min, int max, TagSet* tags);
 ZVWIO32_API void RetrieveTrackBarTag(HWND dialog, int trackBar, int edit, int label, const char* prefix,
-                                     const char* name, TagSet* tags, int min, int max, int* valid);
+                                     const char* name, int min, int max, TagSet* tags, int* valid);
 // WM_HSCROLL or WM_VSCROLL of a track bar shown by DisplayTrackBarTag: writes
 // its position into its edit and gives 1; 0 for any other sender.
 ZVWIO32_API int HandleTrackBarScroll(HWND dialog, WPARAM wParam, LPARAM lParam);
 // An absent tag leaves the edit empty.
 ZVWIO32_API void DisplayEditIntTag(HWND dialog, int edit, const char* prefix, const char* name, TagSet* tags);
 ZVWIO32_API void RetrieveEditIntTag(HWND dialog, int edit, int label, const char* prefix, const char* name,
-                                    TagSet* tags, int min, int max, int* valid);
+                                    int min, int max, TagSet* tags, int* valid);
 // A value of 0 leaves the edit empty. Both give the value: the one shown,
 // or the one read (the tag's, when the dialog lacks the edit).
 ZVWIO32_API double DisplayEditFloatTag(HWND dialog, int edit, const char* prefix, const char* name, TagSet* tags);
 ZVWIO32_API double RetrieveEditFloatTag(HWND dialog, int edit, int label, const char* prefix, const char* name,
-                                        TagSet* tags, double min, double max, int* valid);
+                                        double min, double max, TagSet* tags, int* valid);
 
 // --- String lists: string table entries with "~" between the items; an
 // entry that ends in "~" goes on in the entry of the next id. Items are
@@ -129,7 +132,7 @@ ZVWIO32_API double RoundOff(double value, double step);
 // ignored; unknown or null counts as "IN") to another; dpi serves "PIX",
 // reference (a length in inches: the size of one multiple) serves "MULT".
 // A zero dpi or reference gives 0 where it would divide.
-ZVWIO32_API double ConvertUnits(double value, const char* from, const char* to, double dpi, double reference);
+ZVWIO32_API double ConvertUnits(const char* from, const char* to, double value, double dpi, double reference);
 ZVWIO32_API void GetRotatedSize(double angle, double width, double height, double* newWidth, double* newHeight);
 // The new pixel size that the destination's size tags ask for: 1 and the
 // size, or 0 when none is asked for. The modes are told in docs/tags.md.

@@ -7,6 +7,7 @@
 #include <windows.h>
 
 #include <commctrl.h>
+#include <commdlg.h>
 #include <prsht.h>
 #include <wincodec.h>
 
@@ -213,6 +214,7 @@ TEST(DialogDriver, AnswersAMessageBoxFromInsideItsNestedLoop)
     DialogDriver d;
     d.WaitWindow("Driver Test")
         .Click(IDC_ASK)
+        .ScreenshotMessageBox("driver_test_message_box", "changes")
         .AnswerMessageBox(IDNO, "changes", &text)
         .Type(IDC_NAME, "after")
         .PressOk();
@@ -221,6 +223,29 @@ TEST(DialogDriver, AnswersAMessageBoxFromInsideItsNestedLoop)
     EXPECT_EQ(text, "Keep the changes?");
     EXPECT_EQ(g_seen.askAnswer, IDNO);
     EXPECT_EQ(g_seen.name, "after");
+}
+
+// Wine's file dialog nests its name box: a ComboBoxEx holding a combo
+// holding an edit, all of one id.
+TEST(DialogDriver, TypesANameIntoTheSystemSaveDialog)
+{
+    char folder[MAX_PATH] = {};
+    GetTempPathA(MAX_PATH, folder);
+    char file[MAX_PATH] = {};
+    OPENFILENAMEA ofn = {};
+    ofn.lStructSize = sizeof ofn;
+    ofn.lpstrFile = file;
+    ofn.nMaxFile = MAX_PATH;
+    ofn.lpstrInitialDir = folder;
+    ofn.lpstrFilter = "PNG files\0*.png\0";
+    ofn.lpstrDefExt = "png";
+    ofn.Flags = OFN_EXPLORER | OFN_PATHMUSTEXIST;
+    constexpr int kFileName = 1148;
+    DialogDriver d;
+    d.WaitWindow("Save As").Type(kFileName, "driver_test_name").ExpectText(kFileName, "driver_test_name").PressOk();
+    EXPECT_EQ(d.Run([&] { return static_cast<INT_PTR>(GetSaveFileNameA(&ofn)); }), TRUE);
+    EXPECT_FALSE(d.Failed());
+    EXPECT_STREQ(file + ofn.nFileOffset, "driver_test_name.png");
 }
 
 // A step that never succeeds must fail within its bound and leave no

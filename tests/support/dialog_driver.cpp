@@ -67,24 +67,36 @@ HWND OwningDialog(HWND control)
     return nullptr;
 }
 
+// Enumeration callbacks are WINAPI functions, which on 32-bit Windows a
+// lambda is not; these run a function object for each window instead,
+// until it answers false.
+template <class F>
+BOOL CALLBACK CallForWindow(HWND window, LPARAM f)
+{
+    return (*reinterpret_cast<F*>(f))(window) ? TRUE : FALSE;
+}
+
+template <class F>
+void ForEachDescendant(HWND root, F f)
+{
+    EnumChildWindows(root, &CallForWindow<F>, reinterpret_cast<LPARAM>(&f));
+}
+
+template <class F>
+void ForEachThreadWindow(F f)
+{
+    EnumThreadWindows(GetCurrentThreadId(), &CallForWindow<F>, reinterpret_cast<LPARAM>(&f));
+}
+
 HWND FirstDescendantOfClass(HWND root, const char* className)
 {
-    struct Search {
-        const char* name;
-        HWND found;
-    } search = {className, nullptr};
-    EnumChildWindows(
-        root,
-        [](HWND w, LPARAM p) -> BOOL {
-            auto* s = reinterpret_cast<Search*>(p);
-            if (IsClass(w, s->name)) {
-                s->found = w;
-                return FALSE;
-            }
-            return TRUE;
-        },
-        reinterpret_cast<LPARAM>(&search));
-    return search.found;
+    HWND found = nullptr;
+    ForEachDescendant(root, [&](HWND w) {
+        if (IsClass(w, className))
+            found = w;
+        return !found;
+    });
+    return found;
 }
 
 // A control a user can act on now; otherwise why not, for the retry.
@@ -279,14 +291,11 @@ DialogDriver& DialogDriver::Queue(std::string name, StepFn fn)
 std::vector<HWND> DialogDriver::ThreadWindows()
 {
     std::vector<HWND> windows;
-    EnumThreadWindows(
-        GetCurrentThreadId(),
-        [](HWND w, LPARAM p) -> BOOL {
-            if (IsWindowVisible(w))
-                reinterpret_cast<std::vector<HWND>*>(p)->push_back(w);
-            return TRUE;
-        },
-        reinterpret_cast<LPARAM>(&windows));
+    ForEachThreadWindow([&](HWND w) {
+        if (IsWindowVisible(w))
+            windows.push_back(w);
+        return true;
+    });
     return windows;
 }
 
@@ -296,27 +305,18 @@ HWND DialogDriver::FindControl(HWND root, int id)
     // dialog, all of one id), and a sheet's controls sit on its pages, so
     // the search goes through all descendants; a page that is not shown
     // may hold a control of the same id, so a visible one wins.
-    struct Search {
-        int id;
-        HWND visible;
-        HWND any;
-    } search = {id, nullptr, nullptr};
-    EnumChildWindows(
-        root,
-        [](HWND w, LPARAM p) -> BOOL {
-            auto* s = reinterpret_cast<Search*>(p);
-            if (GetDlgCtrlID(w) != s->id)
-                return TRUE;
-            if (!s->any)
-                s->any = w;
-            if (IsWindowVisible(w)) {
-                s->visible = w;
-                return FALSE;
-            }
-            return TRUE;
-        },
-        reinterpret_cast<LPARAM>(&search));
-    return search.visible ? search.visible : search.any;
+    HWND visible = nullptr;
+    HWND any = nullptr;
+    ForEachDescendant(root, [&](HWND w) {
+        if (GetDlgCtrlID(w) != id)
+            return true;
+        if (!any)
+            any = w;
+        if (IsWindowVisible(w))
+            visible = w;
+        return !visible;
+    });
+    return visible ? visible : any;
 }
 
 std::string DialogDriver::TextOf(HWND window)
@@ -337,22 +337,15 @@ bool DialogDriver::IsPropertySheet(HWND window)
 std::string DialogDriver::MessageBoxText(HWND box)
 {
     std::string text;
-    EnumChildWindows(
-        box,
-        [](HWND w, LPARAM p) -> BOOL {
-            LONG_PTR style = GetWindowLongPtrA(w, GWL_STYLE);
-            if (IsClass(w, "Static") && (style & SS_TYPEMASK) != SS_ICON) {
-                auto* out = reinterpret_cast<std::string*>(p);
-                std::string part = TextOf(w);
-                if (!part.empty()) {
-                    if (!out->empty())
-                        *out += "\n";
-                    *out += part;
-                }
-            }
-            return TRUE;
-        },
-        reinterpret_cast<LPARAM>(&text));
+    ForEachDescendant(box, [&](HWND w) {
+        LONG_PTR style = GetWindowLongPtrA(w, GWL_STYLE);
+        if (IsClass(w, "Static") && (style & SS_TYPEMASK) != SS_ICON) {
+            std::string part = TextOf(w);
+            if (!part.empty())
+                text += (text.empty() ? "" : "\n") + part;
+        }
+        return true;
+    });
     return text;
 }
 
@@ -671,25 +664,34 @@ DialogDriver& DialogDriver::AnswerMessageBox(int button, const std::string& text
         name += ", " + Quote(textContains);
     name += ")";
     return Queue(name, [button, textContains, textOut](DialogDriver& d, HWND) {
-        std::string seen;
-        for (HWND w : ThreadWindows()) {
-            if (w == d.current_ || !IsClass(w, "#32770") || IsPropertySheet(w))
-                continue;
-            std::string text = MessageBoxText(w);
-            if (text.find(textContains) == std::string::npos) {
-                seen += (seen.empty() ? "" : ", ") + Quote(text);
-                continue;
-            }
-            HWND b = GetDlgItem(w, button);
-            if (!b)
-                return Failure("the message box " + Quote(text) + " has no button " + std::to_string(button));
-            if (textOut)
-                *textOut = text;
-            SendMessageA(b, BM_CLICK, 0, 0);
-            return Done();
-        }
-        return Retry(seen.empty() ? "no message box is up" : "the message boxes up say " + seen);
+        std::string why;
+        HWND box = d.FindMessageBox(textContains, &why);
+        if (!box)
+            return Retry(why);
+        std::string text = MessageBoxText(box);
+        HWND b = GetDlgItem(box, button);
+        if (!b)
+            return Failure("the message box " + Quote(text) + " has no button " + std::to_string(button));
+        if (textOut)
+            *textOut = text;
+        SendMessageA(b, BM_CLICK, 0, 0);
+        return Done();
     });
+}
+
+HWND DialogDriver::FindMessageBox(const std::string& textContains, std::string* why) const
+{
+    std::string seen;
+    for (HWND w : ThreadWindows()) {
+        if (w == current_ || !IsClass(w, "#32770") || IsPropertySheet(w))
+            continue;
+        std::string text = MessageBoxText(w);
+        if (text.find(textContains) != std::string::npos)
+            return w;
+        seen += (seen.empty() ? "" : ", ") + Quote(text);
+    }
+    *why = seen.empty() ? "no message box is up" : "the message boxes up say " + seen;
+    return nullptr;
 }
 
 // ---- checks ----
@@ -812,19 +814,33 @@ DialogDriver& DialogDriver::Screenshot(const std::string& name)
     return Queue("Screenshot(" + Quote(name) + ")", [name](DialogDriver& d, HWND target) {
         if (!target)
             return Retry("no window of this thread is up");
-        // With no window manager, Wine may draw the caption of the very
-        // first window of a process as inactive although the window is
-        // active; the picture shows what the user of a desktop would see.
-        if (GetActiveWindow() == target)
-            SendMessageA(target, WM_NCACTIVATE, TRUE, 0);
-        d.quiet_ = true;
-        Settle(target);
-        d.quiet_ = false;
-        std::string error;
-        if (!SaveWindowPng(target, GalleryPath(name), &error))
-            return Failure("screenshot of " + Describe(target) + ": " + error);
-        return Done();
+        return d.Shoot(target, name);
     });
+}
+
+DialogDriver& DialogDriver::ScreenshotMessageBox(const std::string& name, const std::string& textContains)
+{
+    return Queue("ScreenshotMessageBox(" + Quote(name) + ")", [name, textContains](DialogDriver& d, HWND) {
+        std::string why;
+        HWND box = d.FindMessageBox(textContains, &why);
+        return box ? d.Shoot(box, name) : Retry(why);
+    });
+}
+
+DialogDriver::Result DialogDriver::Shoot(HWND target, const std::string& name)
+{
+    // With no window manager, Wine may draw the caption of the very first
+    // window of a process as inactive although the window is active; the
+    // picture shows what the user of a desktop would see.
+    if (GetActiveWindow() == target)
+        SendMessageA(target, WM_NCACTIVATE, TRUE, 0);
+    quiet_ = true;
+    Settle(target);
+    quiet_ = false;
+    std::string error;
+    if (!SaveWindowPng(target, GalleryPath(name), &error))
+        return Failure("screenshot of " + Describe(target) + ": " + error);
+    return Done();
 }
 
 // ---- free-form steps ----

@@ -103,6 +103,8 @@ public:
     // Writes the target window as the user sees it to the gallery:
     // <folder of the test program>\..\gallery\NAME.png
     DialogDriver& Screenshot(const std::string& name);
+    // The same for a message box, found as AnswerMessageBox finds it.
+    DialogDriver& ScreenshotMessageBox(const std::string& name, const std::string& textContains = {});
 
     // Anything else: Do runs once, when a target is up; Step retries until
     // it answers Done.
@@ -139,6 +141,8 @@ private:
     HWND Target();
     void Tick();
     void Fail(const std::string& message);
+    HWND FindMessageBox(const std::string& textContains, std::string* why) const;
+    Result Shoot(HWND window, const std::string& name);
     void DismissOne();
     void DismissLeftovers();
     static void CALLBACK OnTimer(HWND, UINT, UINT_PTR, DWORD);

@@ -186,7 +186,7 @@ TEST(BoundControls, AValueOutOfBoundsIsRefusedToldOnceAndNotStored)
         // 50000 for a width of 1 to 32000, as a page's kill-active retrieves it.
         .Type(kWidth, "50000")
         .Do([&](HWND dlg) {
-            RetrieveEditIntTag(dlg, kWidth, kWidthLabel, "TIF", "W", t, 1, 32000, &valid);
+            RetrieveEditIntTag(dlg, kWidth, kWidthLabel, "TIF", "W", 1, 32000, t, &valid);
             afterBad = valid;
             focusOnWidth = GetFocus() == GetDlgItem(dlg, kWidth);
         })
@@ -195,54 +195,54 @@ TEST(BoundControls, AValueOutOfBoundsIsRefusedToldOnceAndNotStored)
         // A later bad value of the same retrieval is not told again: a box
         // here would have no one to answer it and would fail the run.
         .Do([&](HWND dlg) {
-            RetrieveEditIntTag(dlg, kWidth, kWidthLabel, "TIF", "W", t, 1, 32000, &valid);
+            RetrieveEditIntTag(dlg, kWidth, kWidthLabel, "TIF", "W", 1, 32000, t, &valid);
             afterSecond = valid;
         })
         .Type(kWidth, "800")
         .Do([&](HWND dlg) {
             valid = 1;
-            RetrieveEditIntTag(dlg, kWidth, kWidthLabel, "TIF", "W", t, 1, 32000, &valid);
+            RetrieveEditIntTag(dlg, kWidth, kWidthLabel, "TIF", "W", 1, 32000, t, &valid);
             afterGood = valid;
         })
         .Type(kWidth, "2.5cm")
         .Do([&](HWND dlg) {
             valid = 1;
-            RetrieveEditFloatTag(dlg, kWidth, kWidthLabel, "TIF", "W", t, 0.0, 999999.99, &valid);
+            RetrieveEditFloatTag(dlg, kWidth, kWidthLabel, "TIF", "W", 0.0, 999999.99, t, &valid);
             afterFloat = valid;
         })
         .AnswerMessageBox(IDOK, "Maximum width", &floatBox)
         // The track bar carries its position to its edit; 300 is refused.
         .Do([&](HWND dlg) {
-            DisplayTrackBarTag(dlg, kQualityBar, kQuality, "JPG", "Q", t, 2, 255);
+            DisplayTrackBarTag(dlg, kQualityBar, kQuality, "JPG", "Q", 2, 255, t);
             HWND bar = GetDlgItem(dlg, kQualityBar);
             SendMessageA(bar, TBM_SETPOS, TRUE, 100);
             HandleTrackBarScroll(dlg, TB_THUMBPOSITION, reinterpret_cast<LPARAM>(bar));
             qualityEdit = EditText(dlg, kQuality);
             scrollOfAnEdit = HandleTrackBarScroll(dlg, 0, reinterpret_cast<LPARAM>(GetDlgItem(dlg, kWidth)));
             valid = 1;
-            RetrieveTrackBarTag(dlg, kQualityBar, kQuality, kQualityLabel, "JPG", "Q", t, 2, 255, &valid);
+            RetrieveTrackBarTag(dlg, kQualityBar, kQuality, kQualityLabel, "JPG", "Q", 2, 255, t, &valid);
         })
         .Type(kQuality, "300")
         .Do([&](HWND dlg) {
             valid = 1;
-            RetrieveTrackBarTag(dlg, kQualityBar, kQuality, kQualityLabel, "JPG", "Q2", t, 2, 255, &valid);
+            RetrieveTrackBarTag(dlg, kQualityBar, kQuality, kQualityLabel, "JPG", "Q2", 2, 255, t, &valid);
             afterQuality = valid;
         })
         .AnswerMessageBox(IDOK, "Quality", &qualityBox)
         // A list, a check box and radio buttons, each shown and taken back.
         .Do([&](HWND dlg) {
-            LoadList(dlg, kUnits, kUnitsLabel, "TIF", "UNITS", t, IDS_UNITS_SHOWN, IDS_UNITS_VALUES, Self());
+            LoadList(dlg, kUnits, kUnitsLabel, IDS_UNITS_SHOWN, IDS_UNITS_VALUES, "TIF", "UNITS", Self(), t);
             unitsShown = EditText(dlg, kUnits);
             DisplayCheckBoxTag(dlg, kSmooth, "BMPTIF", "SMOOTH", t);
-            radioShown = DisplayRadioButtonTag(dlg, kTransFirst, kTransLast, "GIF", "TRANS", t, IDS_TRANS_VALUES, Self());
+            radioShown = DisplayRadioButtonTag(dlg, kTransFirst, kTransLast, IDS_TRANS_VALUES, "GIF", "TRANS", Self(), t);
         })
         .PickCombo(kUnits, "Multiples")
         .Click(kSmooth)
         .Click(kTransFirst + 1)
         .Do([&](HWND dlg) {
-            listResult = RetrieveList(dlg, kUnits, "TIF", "UNITS", t, IDS_UNITS_VALUES, Self());
+            listResult = RetrieveList(dlg, kUnits, IDS_UNITS_VALUES, "TIF", "UNITS", Self(), t);
             checked = RetrieveCheckBoxTag(dlg, kSmooth, "BMPTIF", "SMOOTH", t);
-            RetrieveRadioButtonTag(dlg, kTransFirst, kTransLast, "GIF", "TRANS", t, IDS_TRANS_VALUES, Self());
+            RetrieveRadioButtonTag(dlg, kTransFirst, kTransLast, IDS_TRANS_VALUES, "GIF", "TRANS", Self(), t);
         })
         .PressOk();
     ASSERT_EQ(ShowOptionsDialog(d), 1);
@@ -295,22 +295,22 @@ TEST(BoundControls, MissingDisabledAndEmptyControlsStoreQuietly)
     d.WaitWindow("Test Options")
         .Do([&](HWND dlg) {
             // Controls this template lacks: nothing is stored, nothing told.
-            RetrieveEditIntTag(dlg, 9001, 9002, "", "MISSINGINT", t, 0, 10, &valid);
+            RetrieveEditIntTag(dlg, 9001, 9002, "", "MISSINGINT", 0, 10, t, &valid);
             RetrieveCheckBoxTag(dlg, 9003, "", "MISSINGCHECK", t);
-            listResult = RetrieveList(dlg, 9004, "", "MISSINGLIST", t, IDS_UNITS_VALUES, Self());
+            listResult = RetrieveList(dlg, 9004, IDS_UNITS_VALUES, "", "MISSINGLIST", Self(), t);
         })
         .Type(kWidth, "-5")
         .Do([&](HWND dlg) {
             // A disabled edit with a bad value is left alone without a word.
             EnableWindow(GetDlgItem(dlg, kWidth), FALSE);
-            RetrieveEditIntTag(dlg, kWidth, kWidthLabel, "TIF", "W", t, 1, 32000, &valid);
+            RetrieveEditIntTag(dlg, kWidth, kWidthLabel, "TIF", "W", 1, 32000, t, &valid);
             EnableWindow(GetDlgItem(dlg, kWidth), TRUE);
         })
         .SetText(kWidth, "")
         .Do([&](HWND dlg) {
             // An empty edit removes its tag; an empty list is disabled.
-            RetrieveEditFloatTag(dlg, kWidth, kWidthLabel, "TIF", "H", t, 1.0, 10.0, &valid);
-            LoadList(dlg, kUnits, kUnitsLabel, "EPS", "CURVE", t, 0, 0, Self());
+            RetrieveEditFloatTag(dlg, kWidth, kWidthLabel, "TIF", "H", 1.0, 10.0, t, &valid);
+            LoadList(dlg, kUnits, kUnitsLabel, 0, 0, "EPS", "CURVE", Self(), t);
             listEnabled = IsWindowEnabled(GetDlgItem(dlg, kUnits)) || IsWindowEnabled(GetDlgItem(dlg, kUnitsLabel));
         })
         .PressOk();

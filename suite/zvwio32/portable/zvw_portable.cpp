@@ -262,7 +262,7 @@ const char* UnitName(const char* unit)
 
 }  // namespace
 
-double Convert(double value, const char* from, const char* to, double dpi, double reference)
+double Convert(const char* from, const char* to, double value, double dpi, double reference)
 {
     const char* f = UnitName(from);
     const char* t = UnitName(to);
@@ -327,7 +327,7 @@ double ToPixels(double value, const char* units, double dpi, long imagePixels)
         return 0.0;
     if (IsUnit(units, "MULT"))
         return value * imagePixels;
-    return Convert(value, units, "PIX", dpi, 0.0);
+    return Convert(units, "PIX", value, dpi, 0.0);
 }
 
 }  // namespace

@@ -39,7 +39,7 @@ double RoundToStep(double value, double step);        // nearest multiple of ste
 // Units: "IN", "CM", "PICA", "PIX", "MULT", case ignored; an unknown or null
 // unit counts as "IN". dpi serves "PIX"; reference, a length in inches,
 // is the size of one multiple for "MULT".
-double Convert(double value, const char* from, const char* to, double dpi, double reference);
+double Convert(const char* from, const char* to, double value, double dpi, double reference);
 bool IsUnit(const char* units, const char* name);
 
 // The bounding size of a width x height rectangle turned by angle degrees.

@@ -15,25 +15,25 @@ TEST(Units, RoundTripsThroughEveryUnitComeBack)
     const char* units[] = {"IN", "CM", "PICA", "PIX", "MULT"};
     for (const char* from : units) {
         for (const char* to : units) {
-            const double there = zvw::Convert(3.25, from, to, 300.0, 2.0);
-            EXPECT_NEAR(zvw::Convert(there, to, from, 300.0, 2.0), 3.25, 1e-9) << from << " -> " << to;
+            const double there = zvw::Convert(from, to, 3.25, 300.0, 2.0);
+            EXPECT_NEAR(zvw::Convert(to, from, there, 300.0, 2.0), 3.25, 1e-9) << from << " -> " << to;
         }
     }
-    EXPECT_DOUBLE_EQ(zvw::Convert(1.0, "IN", "CM", 0.0, 0.0), 2.54);
-    EXPECT_DOUBLE_EQ(zvw::Convert(2.0, "in", "pica", 0.0, 0.0), 12.0);
-    EXPECT_DOUBLE_EQ(zvw::Convert(600.0, "PIX", "IN", 300.0, 0.0), 2.0);
+    EXPECT_DOUBLE_EQ(zvw::Convert("IN", "CM", 1.0, 0.0, 0.0), 2.54);
+    EXPECT_DOUBLE_EQ(zvw::Convert("in", "pica", 2.0, 0.0, 0.0), 12.0);
+    EXPECT_DOUBLE_EQ(zvw::Convert("PIX", "IN", 600.0, 300.0, 0.0), 2.0);
     // One multiple is the reference length in inches.
-    EXPECT_DOUBLE_EQ(zvw::Convert(4.0, "IN", "MULT", 0.0, 8.0), 0.5);
-    EXPECT_DOUBLE_EQ(zvw::Convert(1.5, "MULT", "PIX", 100.0, 2.0), 300.0);
+    EXPECT_DOUBLE_EQ(zvw::Convert("IN", "MULT", 4.0, 0.0, 8.0), 0.5);
+    EXPECT_DOUBLE_EQ(zvw::Convert("MULT", "PIX", 1.5, 100.0, 2.0), 300.0);
 }
 
 TEST(Units, ZeroResolutionOrReferenceGivesZeroAndUnknownUnitsAreInches)
 {
-    EXPECT_EQ(zvw::Convert(5.0, "PIX", "IN", 0.0, 0.0), 0.0);
-    EXPECT_EQ(zvw::Convert(5.0, "IN", "MULT", 300.0, 0.0), 0.0);
-    EXPECT_EQ(zvw::Convert(5.0, "PIX", "PIX", 0.0, 0.0), 5.0);
-    EXPECT_DOUBLE_EQ(zvw::Convert(1.0, nullptr, "CM", 0.0, 0.0), 2.54);
-    EXPECT_DOUBLE_EQ(zvw::Convert(1.0, "FURLONG", "CM", 0.0, 0.0), 2.54);
+    EXPECT_EQ(zvw::Convert("PIX", "IN", 5.0, 0.0, 0.0), 0.0);
+    EXPECT_EQ(zvw::Convert("IN", "MULT", 5.0, 300.0, 0.0), 0.0);
+    EXPECT_EQ(zvw::Convert("PIX", "PIX", 5.0, 0.0, 0.0), 5.0);
+    EXPECT_DOUBLE_EQ(zvw::Convert(nullptr, "CM", 1.0, 0.0, 0.0), 2.54);
+    EXPECT_DOUBLE_EQ(zvw::Convert("FURLONG", "CM", 1.0, 0.0, 0.0), 2.54);
     EXPECT_EQ(zvw::Divide(1.0, 0.0), 0.0);
 }
 
