@@ -51,8 +51,8 @@ void CEntityOutPropPage::InitPage()
     m_state->roundStep = zv::RoundStepFor(m_state->units);
 
     ZvLoadFlavorsList(context->formats, m_hWnd, IDC_OUT_FLAVOR, IDC_OUT_FLAVOR_LABEL, k, tags);
-    LoadList(m_hWnd, IDC_OUT_UNITS, IDC_OUT_UNITS_LABEL, k, "UNITS", tags, IDS_UNITS_SHOWN, IDS_UNITS_VALUES,
-             LibraryModule());
+    LoadList(m_hWnd, IDC_OUT_UNITS, IDC_OUT_UNITS_LABEL, IDS_UNITS_SHOWN, IDS_UNITS_VALUES, k, "UNITS", LibraryModule(),
+             tags);
 
     DisplayCheckBoxTag(m_hWnd, IDC_OUT_REVERSE, prefix, "REVBW", tags);
     DisplayCheckBoxTag(m_hWnd, IDC_OUT_INVERT, prefix, "INV", tags);
@@ -68,8 +68,8 @@ void CEntityOutPropPage::InitPage()
 
     // Shown from the tags; the shared retrieval stores them back only for
     // a metafile destination.
-    LoadList(m_hWnd, IDC_VEC_CURVE, IDC_VEC_CURVE_LABEL, k, "CRV", tags, IDS_CURVE_SHOWN, IDS_CURVE_VALUES,
-             LibraryModule());
+    LoadList(m_hWnd, IDC_VEC_CURVE, IDC_VEC_CURVE_LABEL, IDS_CURVE_SHOWN, IDS_CURVE_VALUES, k, "CRV", LibraryModule(),
+             tags);
     DisplayCheckBoxTag(m_hWnd, IDC_VEC_STROKE_FONTS, k, "STK", tags);
     DisplayCheckBoxTag(m_hWnd, IDC_VEC_STROKE_LINES, prefix, "STKLINE", tags);
     DisplayCheckBoxTag(m_hWnd, IDC_VEC_STROKE_GRADIENTS, k, "STKGRAD", tags);

@@ -82,7 +82,7 @@ double PhysicalAspect(double width, double height, double horzRes, double vertRe
 
 double ToPixels(double value, const char* units, double dpi)
 {
-    return zvw::Convert(value, units, "PIX", dpi, 0.0);
+    return zvw::Convert(units, "PIX", value, dpi, 0.0);
 }
 
 bool ChangeRecordUnits(OutputSizeState& state, const char* newUnits)
@@ -98,8 +98,8 @@ bool ChangeRecordUnits(OutputSizeState& state, const char* newUnits)
         state.height = state.pixelHeight;
         CopyBounded(state.lastUnits, "PIX");
     }
-    state.width = zvw::Convert(state.width, state.lastUnits, state.units, state.horzRes, 0.0);
-    state.height = zvw::Convert(state.height, state.lastUnits, state.units, state.vertRes, 0.0);
+    state.width = zvw::Convert(state.lastUnits, state.units, state.width, state.horzRes, 0.0);
+    state.height = zvw::Convert(state.lastUnits, state.units, state.height, state.vertRes, 0.0);
     CopyBounded(state.lastUnits, state.units);
     return true;
 }
@@ -109,10 +109,10 @@ SizeBounds OutputSizeBounds(const char* units, double dpi, bool changeInHand)
     if (IsMultiples(units))
         return {0.0, 100.0};
     SizeBounds bounds;
-    bounds.min = zvw::Convert(0.0, "PIX", units, dpi, 0.0);
-    bounds.max = zvw::Convert(kMaxSizeValue, "PIX", units, dpi, kMaxSizeValue);
+    bounds.min = zvw::Convert("PIX", units, 0.0, dpi, 0.0);
+    bounds.max = zvw::Convert("PIX", units, kMaxSizeValue, dpi, kMaxSizeValue);
     if (changeInHand)
-        bounds.min += zvw::Convert(1.0, "PIX", units, dpi, 1.0);
+        bounds.min += zvw::Convert("PIX", units, 1.0, dpi, 1.0);
     return bounds;
 }
 

@@ -183,8 +183,8 @@ void DisplayMetafileChoices(HWND dialog, const char* prefix)
     OptionContext* context = Options();
     const char* k = DestKey();
     ZvLoadFlavorsList(context->formats, dialog, IDC_VEC_FLAVOR, IDC_VEC_FLAVOR_LABEL, k, context->tags);
-    LoadList(dialog, IDC_VEC_CURVE, IDC_VEC_CURVE_LABEL, k, "CRV", context->tags, IDS_CURVE_SHOWN,
-             IDS_CURVE_VALUES, LibraryModule());
+    LoadList(dialog, IDC_VEC_CURVE, IDC_VEC_CURVE_LABEL, IDS_CURVE_SHOWN, IDS_CURVE_VALUES, k, "CRV", LibraryModule(),
+             context->tags);
     DisplayCheckBoxTag(dialog, IDC_VEC_STROKE_FONTS, k, "STK", context->tags);
     DisplayCheckBoxTag(dialog, IDC_VEC_STROKE_LINES, prefix, "STKLINE", context->tags);
     DisplayCheckBoxTag(dialog, IDC_VEC_STROKE_GRADIENTS, k, "STKGRAD", context->tags);
@@ -262,10 +262,9 @@ void InitOutputPage(HWND dialog, OutputSizeState* state)
     state->roundStep = zv::RoundStepFor(state->units);
 
     ZvLoadFlavorsList(context->formats, dialog, IDC_OUT_FLAVOR, IDC_OUT_FLAVOR_LABEL, k, tags);
-    LoadList(dialog, IDC_OUT_UNITS, IDC_OUT_UNITS_LABEL, k, "UNITS", tags, IDS_UNITS_SHOWN, IDS_UNITS_VALUES,
-             LibraryModule());
-    LoadList(dialog, IDC_OUT_SCALING, IDC_OUT_SCALING_LABEL, k, "SCALING", tags, ScalingListId(), 0,
-             LibraryModule());
+    LoadList(dialog, IDC_OUT_UNITS, IDC_OUT_UNITS_LABEL, IDS_UNITS_SHOWN, IDS_UNITS_VALUES, k, "UNITS", LibraryModule(),
+             tags);
+    LoadList(dialog, IDC_OUT_SCALING, IDC_OUT_SCALING_LABEL, ScalingListId(), 0, k, "SCALING", LibraryModule(), tags);
 
     state->width = ZvGetFloatTag(tags, Key(k, "W"));
     state->height = ZvGetFloatTag(tags, Key(k, "H"));
@@ -544,10 +543,10 @@ void RetrieveOutputPage(HWND dialog, OutputSizeState* state)
     context->pageValid = 1;
     int* valid = &context->pageValid;
 
-    state->horzRes = RetrieveEditFloatTag(dialog, IDC_OUT_HORZRES, IDC_OUT_HORZRES_LABEL, k, "HR", tags, 0.0,
-                                          zv::kMaxSizeValue, valid);
-    state->vertRes = RetrieveEditFloatTag(dialog, IDC_OUT_VERTRES, IDC_OUT_VERTRES_LABEL, k, "VR", tags, 0.0,
-                                          zv::kMaxSizeValue, valid);
+    state->horzRes = RetrieveEditFloatTag(dialog, IDC_OUT_HORZRES, IDC_OUT_HORZRES_LABEL, k, "HR", 0.0,
+                                          zv::kMaxSizeValue, tags, valid);
+    state->vertRes = RetrieveEditFloatTag(dialog, IDC_OUT_VERTRES, IDC_OUT_VERTRES_LABEL, k, "VR", 0.0,
+                                          zv::kMaxSizeValue, tags, valid);
     state->horzRes = zv::ResolutionOrDefault(state->horzRes);
     state->vertRes = zv::ResolutionOrDefault(state->vertRes);
 
@@ -560,26 +559,26 @@ void RetrieveOutputPage(HWND dialog, OutputSizeState* state)
         }
     }
 
-    const char* scaling = RetrieveList(dialog, IDC_OUT_SCALING, k, "SCALING", tags, 0, LibraryModule());
+    const char* scaling = RetrieveList(dialog, IDC_OUT_SCALING, 0, k, "SCALING", LibraryModule(), tags);
     const int mode = scaling ? GetListIndex(ScalingListId(), scaling, LibraryModule()) : -1;
     ZvSetTag(tags, Key(k, "DISTORT"), mode == 3 || mode == 4 ? "ON" : "OFF");
 
-    const char* retrieved = RetrieveList(dialog, IDC_OUT_UNITS, k, "UNITS", tags, IDS_UNITS_VALUES, LibraryModule());
+    const char* retrieved = RetrieveList(dialog, IDC_OUT_UNITS, IDS_UNITS_VALUES, k, "UNITS", LibraryModule(), tags);
     char units[64];
     zv::CopyBounded(units, retrieved ? retrieved : "");
     const bool inHand = context->operation == 0;
     const zv::SizeBounds widthBounds = zv::OutputSizeBounds(units, state->horzRes, inHand);
     const zv::SizeBounds heightBounds = zv::OutputSizeBounds(units, state->vertRes, inHand);
-    state->width = RetrieveEditFloatTag(dialog, IDC_OUT_WIDTH, IDC_OUT_WIDTH_LABEL, k, "W", tags, widthBounds.min,
-                                        widthBounds.max, valid);
-    state->height = RetrieveEditFloatTag(dialog, IDC_OUT_HEIGHT, IDC_OUT_HEIGHT_LABEL, k, "H", tags,
-                                         heightBounds.min, heightBounds.max, valid);
+    state->width = RetrieveEditFloatTag(dialog, IDC_OUT_WIDTH, IDC_OUT_WIDTH_LABEL, k, "W", widthBounds.min,
+                                        widthBounds.max, tags, valid);
+    state->height = RetrieveEditFloatTag(dialog, IDC_OUT_HEIGHT, IDC_OUT_HEIGHT_LABEL, k, "H", heightBounds.min,
+                                         heightBounds.max, tags, valid);
     // The link divides by the aspect when the user comes back to the page.
     // An edit that the scaling mode emptied says nothing about the picture,
     // so the ratio the link had stays: the size typed next keeps the
     // image's proportions, as it did before the page was left.
-    const double aspect = RetrieveEditFloatTag(dialog, IDC_OUT_ASPECT, IDC_OUT_ASPECT_LABEL, k, "A", tags, 0.0,
-                                               zv::kMaxSizeValue, valid);
+    const double aspect =
+        RetrieveEditFloatTag(dialog, IDC_OUT_ASPECT, IDC_OUT_ASPECT_LABEL, k, "A", 0.0, zv::kMaxSizeValue, tags, valid);
     if (aspect != 0.0)
         state->aspect = aspect;
 
@@ -607,7 +606,7 @@ void RetrieveOutputPage(HWND dialog, OutputSizeState* state)
     ZvSetTag(tags, Key(prefix, "COG"), cog);
 
     if (context->destType == 3) {
-        RetrieveList(dialog, IDC_VEC_CURVE, k, "CRV", tags, IDS_CURVE_VALUES, LibraryModule());
+        RetrieveList(dialog, IDC_VEC_CURVE, IDS_CURVE_VALUES, k, "CRV", LibraryModule(), tags);
         RetrieveCheckBoxTag(dialog, IDC_VEC_STROKE_FONTS, k, "STK", tags);
         RetrieveCheckBoxTag(dialog, IDC_VEC_STROKE_LINES, prefix, "STKLINE", tags);
         RetrieveCheckBoxTag(dialog, IDC_VEC_STROKE_GRADIENTS, k, "STKGRAD", tags);

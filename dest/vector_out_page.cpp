@@ -89,10 +89,10 @@ void CVectorOutPropPage::InitPage()
         ::EnableWindow(::GetDlgItem(m_hWnd, IDC_VEC_COMPRESS), FALSE);
 
     ZvLoadFlavorsList(context->formats, m_hWnd, IDC_VEC_FLAVOR, IDC_VEC_FLAVOR_LABEL, k, tags);
-    LoadList(m_hWnd, IDC_VEC_CURVE, IDC_VEC_CURVE_LABEL, k, "CRV", tags, IDS_CURVE_SHOWN, IDS_CURVE_VALUES,
-             LibraryModule());
-    LoadList(m_hWnd, IDC_VEC_UNITS, IDC_VEC_UNITS_LABEL, k, "UNITS", tags, IDS_VECTOR_UNITS_SHOWN,
-             IDS_VECTOR_UNITS_VALUES, LibraryModule());
+    LoadList(m_hWnd, IDC_VEC_CURVE, IDC_VEC_CURVE_LABEL, IDS_CURVE_SHOWN, IDS_CURVE_VALUES, k, "CRV", LibraryModule(),
+             tags);
+    LoadList(m_hWnd, IDC_VEC_UNITS, IDC_VEC_UNITS_LABEL, IDS_VECTOR_UNITS_SHOWN, IDS_VECTOR_UNITS_VALUES, k, "UNITS",
+             LibraryModule(), tags);
 
     DisplayEditFloatTag(m_hWnd, IDC_VEC_WIDTH, k, "W", tags);
     DisplayEditFloatTag(m_hWnd, IDC_VEC_HEIGHT, k, "H", tags);
@@ -125,9 +125,9 @@ void CVectorOutPropPage::OnUnitChange()
     zv::CopyBounded(g_units, value[0] ? value : "IN");
     if (zv::EqualNoCase(g_units, g_lastUnits))
         return;
-    m_width = ConvertUnits(m_width, g_lastUnits, g_units, 0.0, 0.0);
+    m_width = ConvertUnits(g_lastUnits, g_units, m_width, 0.0, 0.0);
     ShowSize(m_hWnd, IDC_VEC_WIDTH, m_width);
-    m_height = ConvertUnits(m_height, g_lastUnits, g_units, 0.0, 0.0);
+    m_height = ConvertUnits(g_lastUnits, g_units, m_height, 0.0, 0.0);
     ShowSize(m_hWnd, IDC_VEC_HEIGHT, m_height);
     zv::CopyBounded(g_lastUnits, g_units);
 }
@@ -141,15 +141,15 @@ void CVectorOutPropPage::Retrieve()
     int* valid = &context->pageValid;
 
     ZvRetrieveFlavorsList(context->formats, m_hWnd, IDC_VEC_FLAVOR, k, tags);
-    RetrieveList(m_hWnd, IDC_VEC_CURVE, k, "CRV", tags, IDS_CURVE_VALUES, LibraryModule());
-    const char* retrieved = RetrieveList(m_hWnd, IDC_VEC_UNITS, k, "UNITS", tags, IDS_VECTOR_UNITS_VALUES,
-                                         LibraryModule());
+    RetrieveList(m_hWnd, IDC_VEC_CURVE, IDS_CURVE_VALUES, k, "CRV", LibraryModule(), tags);
+    const char *retrieved =
+        RetrieveList(m_hWnd, IDC_VEC_UNITS, IDS_VECTOR_UNITS_VALUES, k, "UNITS", LibraryModule(), tags);
     char units[64];
     zv::CopyBounded(units, retrieved ? retrieved : "");
     const zv::SizeBounds bounds = zv::OutputSizeBounds(units, zv::kDefaultResolution, false);
-    RetrieveEditFloatTag(m_hWnd, IDC_VEC_WIDTH, IDC_VEC_WIDTH_LABEL, k, "W", tags, bounds.min, bounds.max, valid);
-    RetrieveEditFloatTag(m_hWnd, IDC_VEC_HEIGHT, IDC_VEC_HEIGHT_LABEL, k, "H", tags, bounds.min, bounds.max, valid);
-    RetrieveEditFloatTag(m_hWnd, IDC_VEC_ASPECT, IDC_VEC_ASPECT_LABEL, k, "A", tags, 0.0, zv::kMaxSizeValue, valid);
+    RetrieveEditFloatTag(m_hWnd, IDC_VEC_WIDTH, IDC_VEC_WIDTH_LABEL, k, "W", bounds.min, bounds.max, tags, valid);
+    RetrieveEditFloatTag(m_hWnd, IDC_VEC_HEIGHT, IDC_VEC_HEIGHT_LABEL, k, "H", bounds.min, bounds.max, tags, valid);
+    RetrieveEditFloatTag(m_hWnd, IDC_VEC_ASPECT, IDC_VEC_ASPECT_LABEL, k, "A", 0.0, zv::kMaxSizeValue, tags, valid);
 
     char source[zv::kKeySize] = {};
     if (context->srcExt[0])
