@@ -4,6 +4,7 @@
 
 #ifdef ZV_WITH_SUITE
 #include "core_win.h"
+#include "frame.h"
 #endif
 
 namespace {
@@ -17,8 +18,9 @@ HINSTANCE LibraryModule()
 
 BOOL WINAPI DllMain(HINSTANCE instance, DWORD reason, LPVOID)
 {
+    // Every call brings the handle, and every call keeps it.
+    g_module = instance;
     if (reason == DLL_PROCESS_ATTACH) {
-        g_module = instance;
         DisableThreadLibraryCalls(instance);
 #ifdef ZV_WITH_SUITE
         if (!CreateOptionContext())
@@ -26,8 +28,12 @@ BOOL WINAPI DllMain(HINSTANCE instance, DWORD reason, LPVOID)
 #endif
     }
 #ifdef ZV_WITH_SUITE
-    if (reason == DLL_PROCESS_DETACH)
+    // The thumbnails go with the record; a modeless warnings dialog is left
+    // to the host's window, which owns it.
+    if (reason == DLL_PROCESS_DETACH && Options() != nullptr) {
+        FreePreviews();
         DestroyOptionContext();
+    }
 #endif
     return TRUE;
 }

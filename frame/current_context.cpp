@@ -1,41 +1,47 @@
-// What the frame reads of the dialog in hand. These answer from the module
-// alone; the option context takes them over when it comes (its helpFile,
-// parentWnd and operation fields), and the callers stay as they are.
+// What context help and the dialog choice read of the dialog in hand: the
+// option context's fields.
 #include <cstring>
 
 #include "bounded_text.h"
+#include "core_win.h"
 #include "frame.h"
 #include "module.h"
 
 namespace {
 
-char g_helpFile[260];
+char g_defaultHelpFile[260];
 
 }  // namespace
 
-// The help file lies beside the library. A path that can't be had gives
-// "?", a name that no viewer opens.
+// Before the first dialog the record holds no help file yet: the one beside
+// the library, as a dialog without a help file of its own gets. A path that
+// can't be had gives "?", a name that no viewer opens.
 const char* CurrentHelpFile()
 {
+    const OptionContext* o = Options();
+    if (o != nullptr && o->helpFile[0] != '\0')
+        return o->helpFile;
     char path[260] = {};
     DWORD length = GetModuleFileNameA(LibraryModule(), path, sizeof path);
     char* slash = length ? strrchr(path, '\\') : nullptr;
     if (!slash) {
-        zv::CopyBounded(g_helpFile, "?");
-        return g_helpFile;
+        zv::CopyBounded(g_defaultHelpFile, "?");
+        return g_defaultHelpFile;
     }
     slash[1] = '\0';
-    zv::CopyBounded(g_helpFile, path);
-    zv::AppendBounded(g_helpFile, "ZAVRIN.HLP");
-    return g_helpFile;
+    zv::CopyBounded(g_defaultHelpFile, path);
+    zv::AppendBounded(g_defaultHelpFile, "ZAVRIN.HLP");
+    return g_defaultHelpFile;
 }
 
 HWND CurrentParentWindow()
 {
-    return nullptr;
+    const OptionContext* o = Options();
+    return o != nullptr ? o->parentWnd : nullptr;
 }
 
 short CurrentOperation()
 {
-    return 0;
+    const OptionContext* o = Options();
+    return o != nullptr ? o->operation : 0;
 }

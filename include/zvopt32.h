@@ -124,3 +124,53 @@ ZVOPT32_API unsigned short GetSrcDlgId(const char* srcExt, DLGPROC* dlgProc, sho
 ZVOPT32_API void ShowContextHelp(UINT message, WPARAM wParam, LPARAM lParam);
 
 }  // extern "C"
+
+// ---- Option sheets: tabbed pages of options over a host's tag set.
+// Every sheet works on a child of tags: OK merges what the user did, Cancel
+// drops it. Only one dialog of the library runs at a time; a call while one
+// runs beeps and gives 0. A null parent, tags, formats or appTitle keeps
+// what the last dialog was given. Strings are 8-bit and zero-terminated.
+class Dewey;
+class TagSet;
+class OKAMOD;
+
+extern "C" {
+
+// The options of a conversion from srcExt to destExt; dlgId is the number
+// GetDestDlgId gave, the sheet's first page. 1 for OK, else 0.
+ZVOPT32_API int DoDestOptionsDlg(HWND parent, unsigned short dlgId, TagSet* tags, const char* appTitle,
+                                 const char* helpFile, OKAMOD* formats, const char* srcExt, const char* destExt,
+                                 short operation, short srcType, Dewey* image);
+// The source dialog dlgId with its procedure (both from GetSrcDlgId); gives
+// the dialog's own result, 0 when another dialog runs.
+ZVOPT32_API int DoSrcOptionsDlg(HWND parent, DLGPROC dlgProc, unsigned short dlgId, TagSet* tags,
+                                const char* appTitle, const char* helpFile, OKAMOD* formats, const char* srcExt,
+                                const char* destExt, short operation, short srcType, Dewey* image);
+// Sheets of the image in hand; with operation 0 OK applies the change to
+// image. 1 for OK, else 0.
+ZVOPT32_API int DoAdjColorsDlg(HWND parent, TagSet* tags, const char* appTitle, const char* helpFile,
+                               OKAMOD* formats, const char* srcExt, const char* destExt, short operation,
+                               Dewey* image);
+ZVOPT32_API int DoEditColorsDlg(HWND parent, TagSet* tags, const char* appTitle, const char* helpFile,
+                                OKAMOD* formats, const char* srcExt, const char* destExt, short operation,
+                                Dewey* image);
+ZVOPT32_API int DoNumColorsDlg(HWND parent, TagSet* tags, const char* appTitle, const char* helpFile,
+                               OKAMOD* formats, const char* srcExt, const char* destExt, short operation,
+                               Dewey* image);
+ZVOPT32_API int DoPrintPosDlg(HWND parent, TagSet* tags, const char* appTitle, const char* helpFile,
+                              OKAMOD* formats, const char* srcExt, const char* destExt, short operation,
+                              Dewey* image);
+ZVOPT32_API int DoResizeDlg(HWND parent, TagSet* tags, const char* appTitle, const char* helpFile,
+                            OKAMOD* formats, const char* srcExt, const char* destExt, short operation, Dewey* image);
+ZVOPT32_API int DoRotateDlg(HWND parent, TagSet* tags, const char* appTitle, const char* helpFile,
+                            OKAMOD* formats, const char* srcExt, const char* destExt, short operation, Dewey* image);
+ZVOPT32_API int DoTraceDlg(HWND parent, TagSet* tags, const char* appTitle, const char* helpFile,
+                           OKAMOD* formats, const char* srcExt, const char* destExt, short operation, Dewey* image);
+// The attributes of the image in fileName, shown at rect (may be null); it
+// edits nothing. The sheet's result: 1 OK, 2 Cancel, 0 when refused.
+ZVOPT32_API int DoPropertiesDlg(HWND parent, TagSet* tags, const char* appTitle, const char* helpFile,
+                                OKAMOD* formats, const char* srcExt, const char* destExt, short operation,
+                                Dewey* image, RECT* rect, char* fileName);
+
+}  // extern "C"
+// ============================================================ end option sheets

@@ -1,0 +1,57 @@
+// Which page object stands for which kind, and the pages of a destination
+// sheet.
+#include "sheet_pages.h"
+
+#include "core_win.h"
+#include "frame.h"
+
+SheetPages::SheetPages() = default;
+
+CPropertyPage* PageOf(SheetPages& pages, zv::SheetPage kind)
+{
+    (void)pages;
+    // One case per page class that has joined: case kind: return &pages.member;
+    switch (kind) {
+    case zv::SheetPage::kEpsOut:
+    case zv::SheetPage::kGifOut:
+    case zv::SheetPage::kIcoOut:
+    case zv::SheetPage::kJpgOut:
+    case zv::SheetPage::kTifOut:
+    case zv::SheetPage::kFaxOut:
+    case zv::SheetPage::kEntityOut:
+    case zv::SheetPage::kRasterOut:
+    case zv::SheetPage::kVectorOut:
+    case zv::SheetPage::kRotate:
+    case zv::SheetPage::kAdjColors:
+    case zv::SheetPage::kEditColors:
+    case zv::SheetPage::kNumColors:
+    case zv::SheetPage::kTrace:
+    case zv::SheetPage::kPrintPos:
+    case zv::SheetPage::kResize:
+    case zv::SheetPage::kInfo:
+        break;
+    }
+    return nullptr;
+}
+
+int AddSheetPages(CPropertySheet& sheet, SheetPages& pages, const zv::SheetPage* kinds, int count)
+{
+    int added = 0;
+    for (int i = 0; i < count; ++i) {
+        CPropertyPage* page = PageOf(pages, kinds[i]);
+        if (page == nullptr)
+            continue;
+        UseLibraryTemplate(*page);
+        sheet.AddPage(page);
+        ++added;
+    }
+    return added;
+}
+
+int AddDestPages(CPropertySheet& sheet, SheetPages& pages, unsigned short dlgId)
+{
+    const OptionContext* o = Options();
+    zv::SheetPage kinds[zv::kMaxDestPages];
+    int count = zv::PlanDestPages(dlgId, o->srcType, o->destType, o->destKey, kinds);
+    return AddSheetPages(sheet, pages, kinds, count);
+}

@@ -1,0 +1,31 @@
+// The page objects of the library's option sheets.
+//
+// How a page class joins the sheets: include its header here, give
+// SheetPages one member of the class, and return that member for its kind in
+// PageOf (frame/sheet_pages.cpp). From then on every sheet whose table names
+// the kind shows the page; the tables themselves (PlanDestPages for the
+// destination sheet, the lists of the entries in frame/sheet_entries.cpp)
+// already name every kind. A kind whose class hasn't joined is left out of
+// its sheet.
+#pragma once
+
+#include "sheet_plan.h"
+#include "toolkit.h"
+
+// Every page of a sheet, constructed together on the stack of the entry
+// whether the sheet adds it or not.
+struct SheetPages {
+    SheetPages();
+    // CRasterOutPropPage rasterOut;   (one member per page class)
+};
+
+// The page object of a kind, or null while its class isn't there.
+CPropertyPage* PageOf(SheetPages& pages, zv::SheetPage kind);
+
+// Adds the pages of the kinds, in order, each on its template in this
+// library; kinds without a page are skipped. Gives the number added.
+int AddSheetPages(CPropertySheet& sheet, SheetPages& pages, const zv::SheetPage* kinds, int count);
+
+// The destination sheet's pages for the number dlgId, chosen by the source
+// and destination of the option context.
+int AddDestPages(CPropertySheet& sheet, SheetPages& pages, unsigned short dlgId);

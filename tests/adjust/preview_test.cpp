@@ -1,0 +1,188 @@
+// The preview: every rebuild must show what the same engine calls give on a
+// fresh copy of the thumbnail, in the fixed order, and the setters must do
+// no work for values already shown.
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+#include "core_win.h"
+#include "frame.h"
+#include "okamod32.h"
+#include "preview.h"
+#include "ravicli.h"
+#include "zvwio32.h"
+
+namespace {
+
+std::vector<unsigned char> DibBytes(Dewey* image)
+{
+    BITMAPINFOHEADER* header = image->GetDib();
+    if (header == nullptr)
+        return {};
+    std::size_t colours = header->biBitCount <= 8 ? (std::size_t(1) << header->biBitCount) : 0;
+    std::size_t row = ((header->biBitCount * header->biWidth + 31) >> 3) & ~3u;
+    std::size_t height = header->biHeight < 0 ? -header->biHeight : header->biHeight;
+    const unsigned char* bytes = reinterpret_cast<const unsigned char*>(header);
+    return std::vector<unsigned char>(bytes, bytes + 40 + 4 * colours + row * height);
+}
+
+// A 24-bit picture with colour, so that every effect changes it.
+void Paint(Dewey& image, long width, long height)
+{
+    ASSERT_EQ(image.CreateRaster(width, height, 24), 0);
+    BITMAPINFOHEADER* header = image.GetDib();
+    unsigned char* rows = reinterpret_cast<unsigned char*>(header) + 40;
+    std::size_t row = ((24 * width + 31) >> 3) & ~3u;
+    for (long y = 0; y < height; ++y)
+        for (long x = 0; x < width; ++x) {
+            unsigned char* p = rows + y * row + x * 3;
+            p[0] = static_cast<unsigned char>(x * 255 / (width - 1));
+            p[1] = static_cast<unsigned char>(y * 255 / (height - 1));
+            p[2] = static_cast<unsigned char>((x + y) % 3 == 0 ? 200 : 30);
+        }
+}
+
+class Preview : public ::testing::Test {
+protected:
+    void SetUp() override
+    {
+        Paint(image, 120, 80);
+        InitOptionContext(nullptr, &tags, "Host", nullptr, &formats, "bmp", "TIF", 2, 0, &image, 1);
+        ASSERT_NE(o->previewDewey, nullptr);
+        ASSERT_NE(o->previewBase, nullptr);
+    }
+    void TearDown() override { FreePreviews(); }
+
+    // A fresh copy of the pristine thumbnail.
+    Dewey* Fresh()
+    {
+        Dewey* copy = new Dewey;
+        EXPECT_EQ(DoClone(o->previewBase, &copy), 0);
+        return copy;
+    }
+
+    OptionContext* o = CurrentOptionContext();
+    OKAMOD formats{nullptr};
+    TagSet tags;
+    Dewey image;
+};
+
+TEST_F(Preview, RebuildsInTheFixedOrderWhateverTheOrderOfTheChanges)
+{
+    ASSERT_EQ(SetPreviewGamma(20, -10, 30, 0), 0);
+    ASSERT_EQ(SetPreviewRotation(90.0f, 1, 0), 0);
+    // Switched on in place, out of the order...
+    EXPECT_EQ(SetPreviewFlags(0, 1, 0, 0, 0), 1);
+    EXPECT_EQ(SetPreviewFlags(1, 1, 0, 0, 0), 1);
+    EXPECT_EQ(SetPreviewFlags(1, 1, 0, 1, 0), 1);
+    // ...and a switch off puts the rest back in order.
+    EXPECT_EQ(SetPreviewFlags(1, 0, 0, 1, 0), 1);
+
+    Dewey* expected = Fresh();
+    expected->Rotate(90, 1, 0);
+    expected->Gamma(20, -10, 30);
+    expected->ReverseBW();
+    expected->Grayize();
+    EXPECT_EQ(DibBytes(o->previewDewey), DibBytes(expected));
+    EXPECT_NE(DibBytes(o->previewDewey), DibBytes(o->previewBase));
+    delete expected;
+
+    // Equalisation stands in place of the three values.
+    ASSERT_EQ(SetPreviewGamma(50, 50, 50, 1), 0);
+    Dewey* equalised = Fresh();
+    equalised->Rotate(90, 1, 0);
+    equalised->Equalize();
+    equalised->ReverseBW();
+    equalised->Grayize();
+    EXPECT_EQ(DibBytes(o->previewDewey), DibBytes(equalised));
+    delete equalised;
+}
+
+TEST_F(Preview, SettersDoNoWorkForValuesAlreadyShown)
+{
+    // A mark on the shown picture survives a setter that does no work and
+    // is gone after a rebuild from the pristine thumbnail.
+    auto mark = [&] { reinterpret_cast<unsigned char*>(o->previewDewey->GetDib())[40] ^= 0xFF; };
+    auto marked = [&](const std::vector<unsigned char>& before) { return DibBytes(o->previewDewey) == before; };
+
+    ASSERT_EQ(SetPreviewRotation(45.0f, 0, 1), 0);
+    mark();
+    auto before = DibBytes(o->previewDewey);
+    EXPECT_EQ(SetPreviewRotation(45.0f, 0, 1), 0);
+    EXPECT_TRUE(marked(before));
+
+    // -101 is no track bar value: the next real one rebuilds.
+    ASSERT_EQ(SetPreviewGamma(-101, -101, -101, 1), 0);
+    mark();
+    before = DibBytes(o->previewDewey);
+    ASSERT_EQ(SetPreviewGamma(0, 0, 0, 0), 0);
+    EXPECT_FALSE(marked(before));
+
+    mark();
+    before = DibBytes(o->previewDewey);
+    EXPECT_EQ(SetPreviewFlags(0, 0, 0, 0, 0), 0);
+    // Only "BVIS": the tag of the caller's own source text, no picture work.
+    EXPECT_EQ(SetPreviewFlags(0, 0, 1, 0, 0), 1);
+    EXPECT_TRUE(marked(before));
+    EXPECT_STREQ(ZvGetTag(&tags, "bmpTIFBVIS"), "ON");
+    EXPECT_EQ(SetPreviewFlags(0, 0, 1, 0, 0), 0);
+}
+
+TEST_F(Preview, ReplayBringsAFreshPreviewInLineWithTheTags)
+{
+    ZvSetTag(&tags, "TIFROT", "270");
+    ZvSetTag(&tags, "BMPTIFFLIPH", "on");
+    ZvSetTag(&tags, "BMPTIFBRIGHT", "25");
+    ZvSetTag(&tags, "BMPTIFINV", "ON");
+    ZvSetTag(&tags, "BMPTIFCOG", "g");
+    // A fresh context: the stored values are the tags', the picture plain.
+    InitOptionContext(nullptr, &tags, "Host", nullptr, &formats, "bmp", "TIF", 2, 0, &image, 1);
+    ASSERT_EQ(ReplayPreviewTags("TIF", "BMPTIF"), 0);
+
+    Dewey* expected = Fresh();
+    expected->Rotate(90, 0, 1);
+    expected->Gamma(0, 25, 0);
+    expected->Invert();
+    expected->Grayize();
+    EXPECT_EQ(DibBytes(o->previewDewey), DibBytes(expected));
+    delete expected;
+    EXPECT_EQ(o->previewInvert, 1);
+    EXPECT_EQ(o->previewGrayize, 1);
+    EXPECT_EQ(o->previewBlackize, 0);
+
+    FreePreviews();
+    EXPECT_EQ(ReplayPreviewTags("TIF", "BMPTIF"), 1);
+}
+
+TEST_F(Preview, PaintsTheThumbnailOverTheWholeControl)
+{
+    HWND control = CreateWindowA("STATIC", "", WS_POPUP | WS_VISIBLE, 0, 0, 60, 40, nullptr, nullptr, nullptr, nullptr);
+    ASSERT_NE(control, nullptr);
+    // A picture of one colour, so that stretching gives that colour anywhere.
+    FreePreviews();
+    Dewey solid;
+    ASSERT_EQ(solid.CreateRaster(90, 30, 24), 0);
+    BITMAPINFOHEADER* header = solid.GetDib();
+    unsigned char* rows = reinterpret_cast<unsigned char*>(header) + 40;
+    for (int y = 0; y < 30; ++y)
+        for (int x = 0; x < 90; ++x) {
+            unsigned char* p = rows + y * 272 + x * 3;  // rows padded to 4 bytes
+            p[0] = 10;
+            p[1] = 40;
+            p[2] = 200;
+        }
+    InitOptionContext(nullptr, &tags, "Host", nullptr, &formats, "bmp", "TIF", 2, 0, &solid, 1);
+    ASSERT_NE(o->previewDewey, nullptr);
+    UpdateWindow(control);
+    PaintPreview(control);
+    HDC dc = GetDC(control);
+    COLORREF centre = GetPixel(dc, 30, 20);
+    COLORREF corner = GetPixel(dc, 58, 38);
+    ReleaseDC(control, dc);
+    DestroyWindow(control);
+    EXPECT_EQ(centre, RGB(200, 40, 10));
+    EXPECT_EQ(corner, RGB(200, 40, 10));
+}
+
+}  // namespace
