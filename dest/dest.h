@@ -7,7 +7,8 @@
 #include "option_core.h"
 #include "output_ids.h"
 #include "output_size.h"
-#include "frame_pending.h"
+#include "frame.h"
+#include "preview.h"
 #include "toolkit.h"
 
 using zv::OutputSizeState;
@@ -98,7 +99,3 @@ private:
     void InitPage();
     OutputSizeState* m_state;
 };
-
-// The generic output page for a dialog number (200, 201 or 228), made with
-// new and its template's module set; null for any other number.
-CPropertyPage* NewGenericOutputPage(unsigned short dlgId);
