@@ -242,7 +242,7 @@ TEST_F(OutputPages, ARasterDestinationKeepsThemHiddenAndUnwritten)
         HWND curve = DialogDriver::FindControl(sheet, IDC_VEC_CURVE);
         EXPECT_TRUE(curve != nullptr && !IsWindowVisible(curve));
     });
-    d.Screenshot("raster_out_page").PressOk();
+    d.ExpectEnabled(IDOK, true).Screenshot("raster_out_page").PressOk();
     EXPECT_EQ(Run(kRaster, "PCX", 2), 1);
     for (const char* key : {"PCXCRV", "PCXSTK", "BMPPCXSTKLINE", "PCXSTKGRAD"})
         EXPECT_EQ(tags.Get(key), "<absent>") << key;
