@@ -284,6 +284,19 @@ TEST_F(OutputPages, CompressIsOfferedOnlyWhereTheFormatCompresses)
     }
 }
 
+TEST_F(OutputPages, HelpOpensTheTopicOfTheOutputPagesAndAClickTheControlsOwn)
+{
+    d.WaitControl(IDC_OUT_WIDTH).SendHelp(IDC_OUT_WIDTH).PressHelp().ContextMenu(IDC_OUT_SMOOTH).Pause(200);
+    d.PressCancel();
+    EXPECT_EQ(Run(kRaster, "BMP", 2), 0);
+    ASSERT_EQ(seams.helpCalls.size(), 3u);
+    for (int i : {0, 1}) {
+        EXPECT_EQ(seams.helpCalls[i].command, static_cast<UINT>(HELP_CONTEXT));
+        EXPECT_EQ(seams.helpCalls[i].data, 1400u);
+    }
+    EXPECT_EQ(seams.helpCalls[2].command, static_cast<UINT>(HELP_CONTEXTMENU));
+}
+
 // ------------------------------------------------------ OK and Cancel
 
 TEST_F(OutputPages, OkWithThePageNeverLeftWritesItsTagsAndCancelNothing)
