@@ -155,6 +155,36 @@ TEST_F(Preview, ReplayBringsAFreshPreviewInLineWithTheTags)
     EXPECT_EQ(ReplayPreviewTags("TIF", "BMPTIF"), 1);
 }
 
+TEST_F(Preview, FitCentresTheRotatedImageInItsFrameWithTheSourcesAspect)
+{
+    HWND dialog = CreateWindowA("STATIC", "", WS_POPUP, 100, 100, 400, 300, nullptr, nullptr, nullptr, nullptr);
+    HWND frame = CreateWindowA("STATIC", "", WS_CHILD, 20, 10, 200, 100, dialog, reinterpret_cast<HMENU>(77), nullptr,
+                               nullptr);
+    HWND control = CreateWindowA("STATIC", "", WS_CHILD, 0, 0, 10, 10, dialog, nullptr, nullptr, nullptr);
+    ASSERT_TRUE(dialog && frame && control);
+    auto placed = [&] {
+        RECT r = {};
+        GetWindowRect(control, &r);
+        MapWindowPoints(nullptr, dialog, reinterpret_cast<POINT*>(&r), 2);
+        return r;
+    };
+    // The source is 120 by 80, 3:2; the frame 2:1.
+    FitPreview(control, 0.0f, 77);
+    RECT r = placed();
+    EXPECT_EQ(r.right - r.left, 150);
+    EXPECT_EQ(r.bottom - r.top, 100);
+    EXPECT_EQ(r.left, 20 + 25);
+    EXPECT_EQ(r.top, 10);
+
+    // Upright, the picture is 2:3 and the frame's height decides.
+    FitPreview(control, 90.0f, 77);
+    r = placed();
+    EXPECT_NEAR(r.right - r.left, 66, 1);
+    EXPECT_NEAR(r.bottom - r.top, 100, 1);
+    EXPECT_NEAR(r.left, 20 + 67, 1);
+    DestroyWindow(dialog);
+}
+
 TEST_F(Preview, PaintsTheThumbnailOverTheWholeControl)
 {
     HWND control = CreateWindowA("STATIC", "", WS_POPUP | WS_VISIBLE, 0, 0, 60, 40, nullptr, nullptr, nullptr, nullptr);
