@@ -9,18 +9,17 @@ SheetPages::SheetPages() = default;
 
 CPropertyPage* PageOf(SheetPages& pages, zv::SheetPage kind)
 {
-    (void)pages;
     // One case per page class that has joined: case kind: return &pages.member;
     switch (kind) {
+    case zv::SheetPage::kEntityOut: return &pages.entityOut;
+    case zv::SheetPage::kRasterOut: return &pages.rasterOut;
+    case zv::SheetPage::kVectorOut: return &pages.vectorOut;
     case zv::SheetPage::kEpsOut:
     case zv::SheetPage::kGifOut:
     case zv::SheetPage::kIcoOut:
     case zv::SheetPage::kJpgOut:
     case zv::SheetPage::kTifOut:
     case zv::SheetPage::kFaxOut:
-    case zv::SheetPage::kEntityOut:
-    case zv::SheetPage::kRasterOut:
-    case zv::SheetPage::kVectorOut:
     case zv::SheetPage::kRotate:
     case zv::SheetPage::kAdjColors:
     case zv::SheetPage::kEditColors:

@@ -9,6 +9,7 @@
 // its sheet.
 #pragma once
 
+#include "dest.h"
 #include "sheet_plan.h"
 #include "toolkit.h"
 
@@ -17,6 +18,9 @@
 struct SheetPages {
     SheetPages();
     // CRasterOutPropPage rasterOut;   (one member per page class)
+    CRasterOutPropPage rasterOut;
+    CVectorOutPropPage vectorOut;
+    CEntityOutPropPage entityOut;
 };
 
 // The page object of a kind, or null while its class isn't there.

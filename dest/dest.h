@@ -1,0 +1,101 @@
+// The destination option pages: the size logic that the output pages share,
+// and the generic raster, vector and 3D pages.
+#pragma once
+
+#include <windows.h>
+
+#include "option_core.h"
+#include "output_ids.h"
+#include "output_size.h"
+#include "frame.h"
+#include "preview.h"
+#include "toolkit.h"
+
+using zv::OutputSizeState;
+
+// A tag key made of two or three parts, in the buffer every reader uses.
+struct TagKey {
+    char text[zv::kKeySize];
+    TagKey(const char* part, const char* name) { zv::MakeKey(text, part, name); }
+    TagKey(const char* a, const char* b, const char* name) { zv::MakeKey(text, a, b, name); }
+    operator const char*() const { return text; }
+};
+
+
+// --- The shared size logic. Every routine takes the page's dialog and
+// addresses its controls by the fixed numbers of output_ids.h; a control
+// that a template lacks is simply passed over.
+
+// Fills the shared controls from the tags (from the page's WM_INITDIALOG,
+// with the page's record already in place, since the edits it writes call
+// back through OnOutputCommand).
+void InitOutputPage(HWND dialog, OutputSizeState* state);
+// Every WM_COMMAND of a page goes here first. 1 when the control was one
+// of the shared ones.
+int OnOutputCommand(HWND dialog, WPARAM wParam, LPARAM lParam, OutputSizeState* state);
+// Writes the shared controls into the tags, at PSN_KILLACTIVE. Sets
+// pageValid; a bad value clears it.
+void RetrieveOutputPage(HWND dialog, OutputSizeState* state);
+
+double OnWidthChange(HWND dialog, WPARAM wParam, OutputSizeState* state);
+double OnHeightChange(HWND dialog, WPARAM wParam, OutputSizeState* state);
+double OnHorzResChange(HWND dialog, WPARAM wParam, OutputSizeState* state);
+double OnVertResChange(HWND dialog, WPARAM wParam, OutputSizeState* state);
+void OnUnitsChange(HWND dialog, WPARAM wParam, OutputSizeState* state);
+void UpdateScalingControls(HWND dialog);
+void UpdateResolutionControls(HWND dialog);
+int OnGrayscaleClick(HWND dialog);
+int OnAllBlackClick(HWND dialog);
+// In "MULT" a size given on one side only holds for both sides.
+void CopyMultiplesSize(HWND dialog);
+// Tells the user that the page's record could not be had, and ends it.
+void ReportPageOutOfMemory(HWND dialog);
+
+// The help topic of every output page.
+constexpr unsigned long kOutputPagesHelp = 1400;
+
+// --- The pages. Each does all its work in WindowProc; OnOK and OnCancel
+// are the base's.
+
+class CRasterOutPropPage : public CPropertyPage {
+public:
+    CRasterOutPropPage();
+    ~CRasterOutPropPage() override;
+    LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam) override;
+    void OnOK() override;
+    void OnCancel() override;
+
+private:
+    OutputSizeState* m_state;
+};
+
+class CVectorOutPropPage : public CPropertyPage {
+public:
+    CVectorOutPropPage();
+    ~CVectorOutPropPage() override;
+    LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam) override;
+    void OnOK() override;
+    void OnCancel() override;
+
+private:
+    void InitPage();
+    void OnUnitChange();
+    void Retrieve();
+
+    double m_width;
+    double m_height;
+    char m_keyPrefix[8];
+};
+
+class CEntityOutPropPage : public CPropertyPage {
+public:
+    CEntityOutPropPage();
+    ~CEntityOutPropPage() override;
+    LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam) override;
+    void OnOK() override;
+    void OnCancel() override;
+
+private:
+    void InitPage();
+    OutputSizeState* m_state;
+};
