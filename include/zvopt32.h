@@ -26,6 +26,83 @@ ZVOPT32_API void ZvSetPlatformSeams(const ZvPlatformSeams* seams);
 
 }  // extern "C"
 
+// ===================================================================== option core
+// Replaying options without a dialog, moving tags between keys, cloning
+// images through named sections. Strings are 8-bit and zero-terminated; a
+// short result is 0 for success or a negative code of the engine or the
+// library.
+#include <oleauto.h>
+
+class Dewey;
+class TagSet;
+class OKAMOD;
+
+extern "C" {
+
+// Writes the commands that the tags of srcExt to destExt ask for into a
+// temporary file, runs it over image with Dewey::Test, and removes it.
+ZVOPT32_API short DoOptions(Dewey* image, TagSet* tags, const char* srcExt, const char* destExt, OKAMOD* formats);
+
+// Gives the engine the stored options of one conversion that are not
+// commands: the wildcard set under the root's path + "\Wildcards", the root
+// and tags, resolved for src and dest, land in out, whose path the engine
+// then reads.
+ZVOPT32_API void FilterOptions(Dewey* image, TagSet* tags, TagSet* out, const char* src, const char* dest);
+ZVOPT32_API void FilterTagList(TagSet* list, TagSet* out, const char* src, const char* dest);
+
+// Carry a conversion's options from one destination key to another.
+ZVOPT32_API void TranslateAllTags(TagSet* tags, const char* prefix, const char* oldKey, const char* newKey);
+ZVOPT32_API void TranslateOneTag(TagSet* tags, const char* prefix, const char* oldKey, const char* newKey,
+                                 const char* name);
+
+// A copy of a raster image in a section of its own (a vector image is
+// shared); *clone is an empty Dewey that the caller made.
+ZVOPT32_API short DoClone(Dewey* source, Dewey** clone);
+// name holds a stem and gets stem + the first counter whose section nobody
+// uses; -250 when that doesn't fit in size bytes.
+ZVOPT32_API short CreateUniqueStatusSectionName(char* name, int size);
+
+// The numbers of the trace commands, from the tags of a conversion prefix.
+ZVOPT32_API short TraceGetMethod(TagSet* tags, const char* prefix);
+ZVOPT32_API short TraceGetUndither(TagSet* tags, const char* prefix);
+ZVOPT32_API short TraceGetDespec(TagSet* tags, const char* prefix);
+ZVOPT32_API short TraceGetMaxColors(TagSet* tags, const char* prefix);
+ZVOPT32_API short TraceGetGenTol(TagSet* tags, const char* prefix);
+ZVOPT32_API short TraceGetBezGen(TagSet* tags, const char* prefix);
+ZVOPT32_API short TraceGetArcGen(TagSet* tags, const char* prefix);
+ZVOPT32_API short TraceGetLineWidth(TagSet* tags, const char* prefix);
+// key (64 bytes) = prefix + the value of prefix+"TRACE" + name.
+ZVOPT32_API void TraceMakeTag(TagSet* tags, const char* prefix, const char* name, char* key);
+
+}  // extern "C"
+
+// The message that a CapSection posts to the owner of its section when it
+// lets go of it; lParam is the id of the description.
+#define ZV_WM_SECTION_RELEASED 2026
+
+// A host's side of a section that another process made. The description is
+// 8 hex digits of the id, 8 of the owner window, then the section name (at
+// most 49 characters). A host tests view; after an assignment only one of
+// the two objects may be destroyed, since they share the section.
+class ZVOPT32_API CapSection {
+public:
+    explicit CapSection(char* description);
+    ~CapSection();
+    CapSection& operator=(const CapSection& other);
+    // Made and freed by the library, so that a host built with another
+    // runtime can delete what it got.
+    static void* operator new(size_t size);
+    static void operator delete(void* object);
+
+    void* view;
+    char name[50];
+    BSTR wideName;
+    unsigned long id;
+    HANDLE mapping;
+    HWND owner;
+};
+// =============================================================== end option core
+
 // ---- Dialog frame: the dialog that belongs to a format, and context help.
 extern "C" {
 

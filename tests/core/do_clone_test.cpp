@@ -1,0 +1,96 @@
+// DoClone: a raster image gets a section of its own with the same bytes; a
+// vector image is shared.
+#include <gtest/gtest.h>
+
+#include "core_test_support.h"
+#include "option_core.h"
+#include "zvopt32.h"
+
+namespace {
+
+struct CloneCase {
+    long width, height;
+    short bits;
+    std::size_t bytes;
+};
+
+TEST(DoClone, CopiesRasterImagesOfOneEightAndTwentyFourBits)
+{
+    for (const CloneCase& c : {CloneCase{100, 10, 1, 208}, CloneCase{10, 10, 8, 1184}, CloneCase{10, 10, 24, 360}}) {
+        SCOPED_TRACE(c.bits);
+        Dewey* source = coretest::PatternImage(c.width, c.height, c.bits);
+        Dewey* clone = new Dewey;
+        ASSERT_EQ(DoClone(source, &clone), 0);
+
+        char sourceName[32] = {}, cloneName[32] = {};
+        source->GetSectionName(sourceName);
+        clone->GetSectionName(cloneName);
+        EXPECT_STRNE(sourceName, cloneName);
+        EXPECT_EQ(cloneName[0], 'r');
+
+        // The clone's section holds exactly the bytes of the image.
+        HANDLE section = OpenFileMappingA(FILE_MAP_READ, FALSE, cloneName);
+        ASSERT_NE(section, nullptr);
+        const unsigned char* view = static_cast<const unsigned char*>(MapViewOfFile(section, FILE_MAP_READ, 0, 0, 0));
+        ASSERT_NE(view, nullptr);
+        std::size_t bytes = 0;
+        ASSERT_TRUE(zv::DibByteCount(view, c.bytes, &bytes));
+        EXPECT_EQ(bytes, c.bytes);
+        UnmapViewOfFile(view);
+        CloseHandle(section);
+
+        EXPECT_EQ(coretest::DibBytes(clone), coretest::DibBytes(source));
+        EXPECT_EQ(coretest::DibBytes(clone).size(), c.bytes);
+
+        // The copy is independent of its source.
+        auto original = coretest::DibBytes(source);
+        ASSERT_EQ(clone->Invert(), 0);
+        EXPECT_EQ(coretest::DibBytes(source), original);
+        EXPECT_NE(coretest::DibBytes(clone), original);
+        delete clone;
+        delete source;
+    }
+}
+
+TEST(DoClone, TakesTheNextFreeName)
+{
+    HANDLE r0 = CreateFileMappingA(INVALID_HANDLE_VALUE, nullptr, PAGE_READWRITE, 0, 4096, "r0");
+    HANDLE r1 = CreateFileMappingA(INVALID_HANDLE_VALUE, nullptr, PAGE_READWRITE, 0, 4096, "r1");
+    Dewey* source = coretest::PatternImage(16, 16, 24);
+    Dewey* clone = new Dewey;
+    ASSERT_EQ(DoClone(source, &clone), 0);
+    char name[32] = {};
+    clone->GetSectionName(name);
+    EXPECT_STREQ(name, "r2");
+    delete clone;
+    delete source;
+    CloseHandle(r0);
+    CloseHandle(r1);
+}
+
+TEST(DoClone, SharesAVectorImage)
+{
+    char dir[MAX_PATH];
+    GetTempPathA(sizeof dir, dir);
+    std::string path = std::string(dir) + "coreclone.emf";
+    HDC dc = CreateEnhMetaFileA(nullptr, path.c_str(), nullptr, nullptr);
+    ASSERT_NE(dc, nullptr);
+    Rectangle(dc, 10, 10, 200, 100);
+    DeleteEnhMetaFile(CloseEnhMetaFile(dc));
+
+    Dewey* source = new Dewey;
+    ASSERT_EQ(source->Open(path.c_str()), 0);
+    ASSERT_EQ(source->IsRaster(), 0);
+    Dewey* clone = new Dewey;
+    ASSERT_EQ(DoClone(source, &clone), 0);
+    char sourceName[32] = {}, cloneName[32] = {};
+    source->GetSectionName(sourceName);
+    clone->GetSectionName(cloneName);
+    EXPECT_STREQ(cloneName, sourceName);
+    EXPECT_NE(clone->GetMetafile(), nullptr);
+    delete clone;
+    delete source;
+    DeleteFileA(path.c_str());
+}
+
+}  // namespace

@@ -1,0 +1,140 @@
+// DoOptions on real images: the script's commands change the pixels as the
+// engine's own calls would, the script file goes away, and codes come back.
+#include <gtest/gtest.h>
+
+#include <set>
+#include <string>
+
+#include "core_test_support.h"
+#include "okamod32.h"
+#include "zvopt32.h"
+
+using coretest::StoredSet;
+
+namespace {
+
+std::set<std::string> TempFiles()
+{
+    char dir[MAX_PATH];
+    GetTempPathA(sizeof dir, dir);
+    std::set<std::string> names;
+    WIN32_FIND_DATAA found;
+    HANDLE find = FindFirstFileA((std::string(dir) + "*").c_str(), &found);
+    if (find == INVALID_HANDLE_VALUE)
+        return names;
+    do {
+        names.insert(found.cFileName);
+    } while (FindNextFileA(find, &found));
+    FindClose(find);
+    return names;
+}
+
+struct Conversion : ::testing::Test {
+    OKAMOD* formats = new OKAMOD(nullptr);
+    StoredSet tags{"DoOptions"};
+    Dewey* image = coretest::PatternImage(64, 48, 24);
+    Dewey* expected = coretest::PatternImage(64, 48, 24);
+    ~Conversion() override
+    {
+        delete image;
+        delete expected;
+        delete formats;
+    }
+};
+
+TEST_F(Conversion, NoTagsRunsAnEmptyScriptAndLeavesThePixels)
+{
+    auto before = TempFiles();
+    EXPECT_EQ(DoOptions(image, tags.tags, "BMP", "TIF", formats), 0);
+    EXPECT_EQ(coretest::DibBytes(image), coretest::DibBytes(expected));
+    EXPECT_EQ(TempFiles(), before);
+}
+
+TEST_F(Conversion, PixelsChangeAsTheScriptSays)
+{
+    tags.Set("BMPPNGAPPLYCOLORS", "ON");
+    tags.Set("RGBFF0000", "00FF00");
+    tags.Set("BMPPNGCONTRAST", "10");
+    tags.Set("BMPPNGBRIGHT", "-5");
+    tags.Set("PNGROT", "90");
+    tags.Set("BMPPNGFLIPV", "on");
+    tags.Set("BMPPNGINV", "ON");
+    tags.Set("PNGDEP", "8");
+    tags.Set("BMPPNGCPROC", "HALF");
+    auto before = TempFiles();
+    ASSERT_EQ(DoOptions(image, tags.tags, "BMP", "PNG", formats), 0);
+    EXPECT_EQ(TempFiles(), before);
+
+    // The same commands, called one by one, in the script's order.
+    IRGB red = {255, 0, 0};
+    IRGB green = {0, 255, 0};
+    ASSERT_EQ(expected->ChangeColor(&red, &green), 0);
+    ASSERT_EQ(expected->Gamma(10, -5, 0), 0);
+    ASSERT_EQ(expected->Invert(), 0);
+    ASSERT_EQ(expected->Rotate(270, 1, 0), 0);
+    ASSERT_EQ(expected->Reduce(8, 0, 0, 0), 0);
+
+    long width = 0, height = 0;
+    short bits = 0;
+    image->GetInfo(&width, &height, nullptr, nullptr, &bits);
+    EXPECT_EQ(width, 48);
+    EXPECT_EQ(height, 64);
+    EXPECT_EQ(bits, 8);
+    EXPECT_EQ(coretest::DibBytes(image), coretest::DibBytes(expected));
+    EXPECT_NE(coretest::DibBytes(image), coretest::DibBytes(coretest::PatternImage(64, 48, 24)));
+}
+
+TEST_F(Conversion, ResizeAsTheDestinationsSizeTagsAsk)
+{
+    tags.Set("TIFW", "32");
+    tags.Set("TIFH", "24");
+    tags.Set("TIFUNITS", "PIX");
+    tags.Set("TIFSCALING", "Distort to Frame");
+    tags.Set("BMPTIFSMOOTH", "ON");
+    long newWidth = 0, newHeight = 0;
+    ASSERT_NE(CalculateResize(tags.tags, "TIF", 64, 48, &newWidth, &newHeight), 0);
+    ASSERT_EQ(DoOptions(image, tags.tags, "BMP", "TIF", formats), 0);
+    ASSERT_EQ(expected->Resize(newWidth, newHeight, 1), 0);
+    EXPECT_EQ(coretest::DibBytes(image), coretest::DibBytes(expected));
+
+    // A printer sizes the image itself: the same tags under PRN do nothing.
+    Dewey* printed = coretest::PatternImage(64, 48, 24);
+    tags.Set("PRNW", "32");
+    tags.Set("PRNH", "24");
+    tags.Set("PRNUNITS", "PIX");
+    ASSERT_EQ(DoOptions(printed, tags.tags, "BMP", "prn", formats), 0);
+    long width = 0;
+    printed->GetInfo(&width, nullptr, nullptr, nullptr, nullptr);
+    EXPECT_EQ(width, 64);
+    delete printed;
+}
+
+TEST_F(Conversion, AnEngineRefusalComesBackAndTheFileStillGoes)
+{
+    // A raster source to a metafile forced to vector asks for tracing,
+    // which the engine refuses with a code of its own.
+    tags.Set("WMFRVFORCE", "V");
+    auto before = TempFiles();
+    short result = DoOptions(image, tags.tags, "BMP", "WMF", formats);
+    EXPECT_LT(result, 0);
+    EXPECT_EQ(TempFiles(), before);
+}
+
+TEST_F(Conversion, NoTemporaryFileNoScript)
+{
+    tags.Set("BMPTIFINV", "ON");
+    char saved[MAX_PATH] = {};
+    char savedTemp[MAX_PATH] = {};
+    GetEnvironmentVariableA("TMP", saved, sizeof saved);
+    GetEnvironmentVariableA("TEMP", savedTemp, sizeof savedTemp);
+    SetEnvironmentVariableA("TMP", "C:\\no\\such\\folder");
+    SetEnvironmentVariableA("TEMP", "C:\\no\\such\\folder");
+    SetEnvironmentVariableA("USERPROFILE", "C:\\no\\such\\folder");
+    short result = DoOptions(image, tags.tags, "BMP", "TIF", formats);
+    SetEnvironmentVariableA("TMP", saved);
+    SetEnvironmentVariableA("TEMP", savedTemp);
+    EXPECT_LT(result, 0);
+    EXPECT_EQ(coretest::DibBytes(image), coretest::DibBytes(expected));
+}
+
+}  // namespace
