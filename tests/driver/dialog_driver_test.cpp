@@ -248,44 +248,40 @@ TEST(DialogDriver, TypesANameIntoTheSystemSaveDialog)
     EXPECT_STREQ(file + ofn.nFileOffset, "driver_test_name.png");
 }
 
-// A step that never succeeds must fail within its bound and leave no
-// window behind; the modal entry returns as if cancelled.
+// A run that goes wrong must fail with `message` well inside the default
+// step bound of 5 s and leave no window behind; the modal entry returns as
+// if cancelled.
+void ExpectBoundedFailure(DialogDriver& d, const std::string& message)
+{
+    INT_PTR result = 0;
+    ULONGLONG start = GetTickCount64();
+    EXPECT_NONFATAL_FAILURE(result = d.Run(ShowDialog), message);
+    EXPECT_LT(GetTickCount64() - start, 4000u);
+    EXPECT_EQ(result, IDCANCEL);
+    EXPECT_EQ(d.Failures().size(), 1u);
+    EXPECT_TRUE(DialogDriver::ThreadWindows().empty());
+}
+
 TEST(DialogDriver, WaitForAWindowThatNeverComesFailsWithinItsBound)
 {
     DialogDriver d;
     d.SetStepTimeout(300).WaitWindow("Never Shown").PressOk();
-    INT_PTR result = 0;
-    ULONGLONG start = GetTickCount64();
-    EXPECT_NONFATAL_FAILURE(result = d.Run(ShowDialog),
-                            "step 1 WaitWindow(\"Never Shown\") did not succeed within 300 ms");
-    EXPECT_LT(GetTickCount64() - start, 4000u);  // well inside the default bound of 5 s
-    EXPECT_EQ(result, IDCANCEL);
-    EXPECT_EQ(d.Failures().size(), 1u);
-    EXPECT_TRUE(DialogDriver::ThreadWindows().empty());
+    ExpectBoundedFailure(d, "step 1 WaitWindow(\"Never Shown\") did not succeed within 300 ms");
 }
 
 TEST(DialogDriver, UnansweredMessageBoxIsClosedWithItsDialog)
 {
     DialogDriver d;
     d.SetStepTimeout(300).Click(IDC_ASK);
-    INT_PTR result = 0;
-    ULONGLONG start = GetTickCount64();
-    EXPECT_NONFATAL_FAILURE(result = d.Run(ShowDialog), "still up 300 ms after the last step");
-    EXPECT_LT(GetTickCount64() - start, 4000u);  // well inside the default bound of 5 s
-    EXPECT_EQ(result, IDCANCEL);
+    ExpectBoundedFailure(d, "still up 300 ms after the last step");
     EXPECT_NE(g_seen.askAnswer, 0);
-    EXPECT_TRUE(DialogDriver::ThreadWindows().empty());
 }
 
 TEST(DialogDriver, RunThatOutlastsItsBoundIsEnded)
 {
     DialogDriver d;
     d.SetRunTimeout(400).Pause(3000).PressOk();
-    INT_PTR result = 0;
-    ULONGLONG start = GetTickCount64();
-    EXPECT_NONFATAL_FAILURE(result = d.Run(ShowDialog), "did not end within 400 ms (next step: step 1 Pause(3000))");
-    EXPECT_LT(GetTickCount64() - start, 4000u);  // well inside the default bound of 5 s
-    EXPECT_EQ(result, IDCANCEL);
+    ExpectBoundedFailure(d, "did not end within 400 ms (next step: step 1 Pause(3000))");
 }
 
 TEST(DialogDriver, StepsLeftWhenTheDialogEndsAreAFailure)

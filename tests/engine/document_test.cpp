@@ -7,6 +7,7 @@
 #include <cstdlib>
 #include <cstring>
 
+#include "child_process.h"
 #include "engine_test_support.h"
 
 using namespace enginetest;
@@ -192,23 +193,7 @@ TEST(Document, OpensSectionMadeByAnotherProcess)
     ASSERT_EQ(document.louie->SaveResurrectionData(), 0);
     char name[32] = {};
     document.GetSectionName(name);
-    SetEnvironmentVariableA("RAVI_TEST_SECTION", name);
-
-    char exe[MAX_PATH] = {};
-    GetModuleFileNameA(nullptr, exe, sizeof exe);
-    std::string command = std::string("\"") + exe + "\" --gtest_filter=Document.ChildReadsSectionOfAnotherProcess";
-    STARTUPINFOA startup = {};
-    startup.cb = sizeof startup;
-    PROCESS_INFORMATION process = {};
-    ASSERT_TRUE(CreateProcessA(nullptr, command.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr, &startup,
-                               &process));
-    ASSERT_EQ(WaitForSingleObject(process.hProcess, 60000), WAIT_OBJECT_0);
-    DWORD exitCode = 0;
-    GetExitCodeProcess(process.hProcess, &exitCode);
-    CloseHandle(process.hThread);
-    CloseHandle(process.hProcess);
-    SetEnvironmentVariableA("RAVI_TEST_SECTION", nullptr);
-    EXPECT_EQ(exitCode, 42u);
+    EXPECT_EQ(zvtest::RunThisProgram("Document.ChildReadsSectionOfAnotherProcess", "RAVI_TEST_SECTION", name), 42u);
 }
 
 TEST(Document, LouieKeepsItsSectionWhereHostsReadIt)

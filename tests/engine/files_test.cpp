@@ -18,6 +18,16 @@ struct FormatCase {
     bool keepsResolution;
 };
 
+// Saves `original` to a temporary file of this name, opens it into `copy`
+// and takes the file away again.
+void ReadBack(Dewey& original, const std::string& name, Dewey& copy)
+{
+    std::string path = TempPath(name.c_str());
+    ASSERT_EQ(original.Save(path.c_str()), 0) << name;
+    ASSERT_EQ(copy.Open(path.c_str()), 0) << name;
+    DeleteFileA(path.c_str());
+}
+
 class RasterFile : public ::testing::TestWithParam<FormatCase> {};
 
 TEST_P(RasterFile, WritesAndReadsBackPixelsAndResolution)
@@ -59,39 +69,27 @@ INSTANTIATE_TEST_SUITE_P(Formats, RasterFile,
                                            FormatCase{"tif", 0, true}, FormatCase{"ico", 0, false}),
                          [](const auto& info) { return std::string(info.param.ext); });
 
-TEST(Files, KeepsPaletteDepthsWhereTheFormatHasThem)
+TEST(Files, KeepsPaletteDepthsAndWritesLargeIconsAsPng)
 {
     for (const char* ext : {"bmp", "png", "tif"}) {
         for (short bits : {1, 8}) {
-            Dewey original;
+            Dewey original, copy;
             ASSERT_EQ(original.CreateRaster(17, 9, bits), 0);
-            std::string path = TempPath((std::string("depth.") + ext).c_str());
-            ASSERT_EQ(original.Save(path.c_str()), 0) << ext << bits;
-            Dewey copy;
-            ASSERT_EQ(copy.Open(path.c_str()), 0) << ext << bits;
+            ReadBack(original, std::string("depth.") + ext, copy);
             short read = 0;
             copy.GetInfo(nullptr, nullptr, nullptr, nullptr, &read);
             EXPECT_EQ(read, bits) << ext;
             EXPECT_EQ(Rgb(copy, 16, 8), 0xFFFFFFu) << ext << bits;
-            DeleteFileA(path.c_str());
         }
     }
-}
-
-TEST(Files, WritesLargeIconsAsPng)
-{
-    Dewey original;
-    ASSERT_EQ(MakeQuadrants(original, 300, 260), 0);
-    std::string path = TempPath("large.ico");
-    ASSERT_EQ(original.Save(path.c_str()), 0);
-    Dewey copy;
-    ASSERT_EQ(copy.Open(path.c_str()), 0);
+    Dewey icon, copy;
+    ASSERT_EQ(MakeQuadrants(icon, 300, 260), 0);
+    ReadBack(icon, "large.ico", copy);
     long w = 0, h = 0;
     copy.GetInfo(&w, &h, nullptr, nullptr, nullptr);
     EXPECT_EQ(w, 300);
     EXPECT_EQ(h, 260);
     EXPECT_EQ(Rgb(copy, 299, 0), 0x00FF00u);
-    DeleteFileA(path.c_str());
 }
 
 TEST(Files, ReadsMetafilesAsVectorsAndWritesThemBack)
@@ -108,41 +106,27 @@ TEST(Files, ReadsMetafilesAsVectorsAndWritesThemBack)
     EXPECT_NEAR(h, 30, 1);
 
     for (const char* ext : {"wmf", "emf"}) {
-        std::string path = TempPath((std::string("again.") + ext).c_str());
-        ASSERT_EQ(vector.Save(path.c_str()), 0) << ext;
         Dewey copy;
-        ASSERT_EQ(copy.Open(path.c_str()), 0) << ext;
+        ReadBack(vector, std::string("again.") + ext, copy);
         EXPECT_FALSE(copy.IsRaster());
         ASSERT_EQ(copy.Rasterize(60, 30, 24), 0) << ext;
         EXPECT_TRUE(Near(Rgb(copy, 10, 15), 0xFF0000, 8)) << ext << std::hex << Rgb(copy, 10, 15);
         EXPECT_TRUE(Near(Rgb(copy, 50, 15), 0x0000FF, 8)) << ext;
-        DeleteFileA(path.c_str());
     }
+    DeleteFileA(emfPath.c_str());
 
-    // A vector saved to a raster format is drawn at its own size.
-    std::string png = TempPath("drawn.png");
-    ASSERT_EQ(vector.Save(png.c_str()), 0);
-    Dewey drawn;
-    ASSERT_EQ(drawn.Open(png.c_str()), 0);
+    // A vector saved to a raster format is drawn at its own size, and a
+    // raster saved to a metafile comes back as a vector.
+    Dewey drawn, raster, held;
+    ReadBack(vector, "drawn.png", drawn);
     EXPECT_TRUE(drawn.IsRaster());
     EXPECT_TRUE(Near(Rgb(drawn, 5, 5), 0xFF0000, 8));
-    DeleteFileA(png.c_str());
-    DeleteFileA(emfPath.c_str());
-}
-
-TEST(Files, PutsARasterIntoAMetafile)
-{
-    Dewey raster;
     ASSERT_EQ(MakeQuadrants(raster, 20, 20), 0);
-    std::string path = TempPath("raster.emf");
-    ASSERT_EQ(raster.Save(path.c_str()), 0);
-    Dewey vector;
-    ASSERT_EQ(vector.Open(path.c_str()), 0);
-    EXPECT_FALSE(vector.IsRaster());
-    ASSERT_EQ(vector.Rasterize(20, 20, 24), 0);
-    EXPECT_TRUE(Near(Rgb(vector, 2, 2), 0xFF0000, 8));
-    EXPECT_TRUE(Near(Rgb(vector, 17, 17), 0xFFFFFF, 8));
-    DeleteFileA(path.c_str());
+    ReadBack(raster, "raster.emf", held);
+    EXPECT_FALSE(held.IsRaster());
+    ASSERT_EQ(held.Rasterize(20, 20, 24), 0);
+    EXPECT_TRUE(Near(Rgb(held, 2, 2), 0xFF0000, 8));
+    EXPECT_TRUE(Near(Rgb(held, 17, 17), 0xFFFFFF, 8));
 }
 
 TEST(Files, RefusesWhatIsNotAnImageAndKeepsTheDocument)

@@ -116,10 +116,50 @@ Result Usable(HWND target, int id, HWND* control)
     return Done();
 }
 
+// A step that acts on control `id` of the target once a user could.
+DialogDriver::StepFn OnControl(int id, std::function<Result(HWND control)> act)
+{
+    return [id, act = std::move(act)](DialogDriver&, HWND target) {
+        HWND control;
+        Result r = Usable(target, id, &control);
+        return r.outcome == Outcome::Done ? act(control) : r;
+    };
+}
+
+// A step that checks control `id` of the target once it exists.
+DialogDriver::StepFn CheckControl(int id, std::function<void(HWND control)> check)
+{
+    return [id, check = std::move(check)](DialogDriver&, HWND target) {
+        HWND c = target ? DialogDriver::FindControl(target, id) : nullptr;
+        if (!c)
+            return Retry(Describe(target) + " has no control " + std::to_string(id));
+        check(c);
+        return Done();
+    };
+}
+
 void Notify(HWND control, WORD code)
 {
     SendMessageA(GetParent(control), WM_COMMAND, MAKEWPARAM(GetDlgCtrlID(control), code),
                  reinterpret_cast<LPARAM>(control));
+}
+
+// A pick with the mouse ends the drop-down with both notifications.
+Result PickComboEntry(HWND control, LRESULT index)
+{
+    SendMessageA(control, CB_SETCURSEL, index, 0);
+    Notify(control, CBN_SELENDOK);
+    Notify(control, CBN_SELCHANGE);
+    return Done();
+}
+
+void PumpMessages()
+{
+    MSG msg;
+    while (PeekMessageA(&msg, nullptr, 0, 0, PM_REMOVE)) {
+        TranslateMessage(&msg);
+        DispatchMessageA(&msg);
+    }
 }
 
 // Presses a dialog's or sheet's button of this id as a user would: only
@@ -155,12 +195,8 @@ void Settle(HWND window)
     RedrawWindow(window, nullptr, nullptr,
                  RDW_INVALIDATE | RDW_ERASE | RDW_FRAME | RDW_ALLCHILDREN | RDW_UPDATENOW);
     ULONGLONG until = GetTickCount64() + 80;
-    MSG msg;
     while (GetTickCount64() < until) {
-        while (PeekMessageA(&msg, nullptr, 0, 0, PM_REMOVE)) {
-            TranslateMessage(&msg);
-            DispatchMessageA(&msg);
-        }
+        PumpMessages();
         MsgWaitForMultipleObjects(0, nullptr, FALSE, 10, QS_ALLINPUT);
     }
     GdiFlush();
@@ -405,12 +441,7 @@ DialogDriver& DialogDriver::WaitControl(int id)
 
 DialogDriver& DialogDriver::Type(int id, const std::string& text)
 {
-    return Queue("Type(" + std::to_string(id) + ", " + Quote(text) + ")",
-                 [id, text](DialogDriver&, HWND target) {
-        HWND control;
-        Result r = Usable(target, id, &control);
-        if (r.outcome != Outcome::Done)
-            return r;
+    return Queue("Type(" + std::to_string(id) + ", " + Quote(text) + ")", OnControl(id, [id, text](HWND control) {
         // A combo box takes typing in the edit it holds.
         HWND edit = IsClass(control, "Edit") ? control : FirstDescendantOfClass(control, "Edit");
         if (!edit)
@@ -429,40 +460,29 @@ DialogDriver& DialogDriver::Type(int id, const std::string& text)
         for (char c : text)
             SendMessageA(edit, WM_CHAR, static_cast<unsigned char>(c), 1);
         return Done();
-    });
+    }));
 }
 
 DialogDriver& DialogDriver::SetText(int id, const std::string& text)
 {
-    return Queue("SetText(" + std::to_string(id) + ", " + Quote(text) + ")",
-                 [id, text](DialogDriver&, HWND target) {
-        HWND control;
-        Result r = Usable(target, id, &control);
-        if (r.outcome == Outcome::Done)
-            SendMessageA(control, WM_SETTEXT, 0, reinterpret_cast<LPARAM>(text.c_str()));
-        return r;
-    });
+    return Queue("SetText(" + std::to_string(id) + ", " + Quote(text) + ")", OnControl(id, [text](HWND control) {
+        SendMessageA(control, WM_SETTEXT, 0, reinterpret_cast<LPARAM>(text.c_str()));
+        return Done();
+    }));
 }
 
 DialogDriver& DialogDriver::Click(int id)
 {
-    return Queue("Click(" + std::to_string(id) + ")", [id](DialogDriver&, HWND target) {
-        HWND control;
-        Result r = Usable(target, id, &control);
-        if (r.outcome == Outcome::Done)
-            SendMessageA(control, BM_CLICK, 0, 0);
-        return r;
-    });
+    return Queue("Click(" + std::to_string(id) + ")", OnControl(id, [](HWND control) {
+        SendMessageA(control, BM_CLICK, 0, 0);
+        return Done();
+    }));
 }
 
 DialogDriver& DialogDriver::SetCheck(int id, bool checked)
 {
     return Queue("SetCheck(" + std::to_string(id) + ", " + (checked ? "true" : "false") + ")",
-                 [id, checked](DialogDriver&, HWND target) {
-        HWND control;
-        Result r = Usable(target, id, &control);
-        if (r.outcome != Outcome::Done)
-            return r;
+                 OnControl(id, [id, checked](HWND control) {
         WPARAM want = checked ? BST_CHECKED : BST_UNCHECKED;
         // A three-state box may need two clicks.
         for (int i = 0; i < 3 && SendMessageA(control, BM_GETCHECK, 0, 0) != static_cast<LRESULT>(want); ++i)
@@ -470,36 +490,24 @@ DialogDriver& DialogDriver::SetCheck(int id, bool checked)
         if (SendMessageA(control, BM_GETCHECK, 0, 0) != static_cast<LRESULT>(want))
             return Failure("clicking control " + std::to_string(id) + " does not change its check state");
         return Done();
-    });
+    }));
 }
 
 DialogDriver& DialogDriver::PickCombo(int id, int index)
 {
     return Queue("PickCombo(" + std::to_string(id) + ", " + std::to_string(index) + ")",
-                 [id, index](DialogDriver&, HWND target) {
-        HWND control;
-        Result r = Usable(target, id, &control);
-        if (r.outcome != Outcome::Done)
-            return r;
+                 OnControl(id, [id, index](HWND control) {
         LRESULT count = SendMessageA(control, CB_GETCOUNT, 0, 0);
         if (index < 0 || index >= count)
             return Retry("combo " + std::to_string(id) + " has " + std::to_string(count) + " entries");
-        SendMessageA(control, CB_SETCURSEL, index, 0);
-        // A pick with the mouse ends the drop-down with both of these.
-        Notify(control, CBN_SELENDOK);
-        Notify(control, CBN_SELCHANGE);
-        return Done();
-    });
+        return PickComboEntry(control, index);
+    }));
 }
 
 DialogDriver& DialogDriver::PickCombo(int id, const std::string& text)
 {
     return Queue("PickCombo(" + std::to_string(id) + ", " + Quote(text) + ")",
-                 [id, text](DialogDriver&, HWND target) {
-        HWND control;
-        Result r = Usable(target, id, &control);
-        if (r.outcome != Outcome::Done)
-            return r;
+                 OnControl(id, [id, text](HWND control) {
         LRESULT index = SendMessageA(control, CB_FINDSTRINGEXACT, static_cast<WPARAM>(-1),
                                      reinterpret_cast<LPARAM>(text.c_str()));
         if (index == CB_ERR) {
@@ -514,21 +522,14 @@ DialogDriver& DialogDriver::PickCombo(int id, const std::string& text)
             return Retry("combo " + std::to_string(id) + " has no entry " + Quote(text) + " (it has " +
                          (entries.empty() ? "none" : entries) + ")");
         }
-        SendMessageA(control, CB_SETCURSEL, index, 0);
-        Notify(control, CBN_SELENDOK);
-        Notify(control, CBN_SELCHANGE);
-        return Done();
-    });
+        return PickComboEntry(control, index);
+    }));
 }
 
 DialogDriver& DialogDriver::PickList(int id, int index)
 {
     return Queue("PickList(" + std::to_string(id) + ", " + std::to_string(index) + ")",
-                 [id, index](DialogDriver&, HWND target) {
-        HWND control;
-        Result r = Usable(target, id, &control);
-        if (r.outcome != Outcome::Done)
-            return r;
+                 OnControl(id, [id, index](HWND control) {
         LRESULT count = SendMessageA(control, LB_GETCOUNT, 0, 0);
         if (index < 0 || index >= count)
             return Retry("list " + std::to_string(id) + " has " + std::to_string(count) + " entries");
@@ -543,7 +544,7 @@ DialogDriver& DialogDriver::PickList(int id, int index)
         if (style & LBS_NOTIFY)
             Notify(control, LBN_SELCHANGE);
         return Done();
-    });
+    }));
 }
 
 // ---- property sheets and buttons ----
@@ -641,11 +642,7 @@ DialogDriver& DialogDriver::SendHelp(int id)
 
 DialogDriver& DialogDriver::ContextMenu(int id)
 {
-    return Queue("ContextMenu(" + std::to_string(id) + ")", [id](DialogDriver&, HWND target) {
-        HWND control;
-        Result r = Usable(target, id, &control);
-        if (r.outcome != Outcome::Done)
-            return r;
+    return Queue("ContextMenu(" + std::to_string(id) + ")", OnControl(id, [](HWND control) {
         RECT rect;
         GetWindowRect(control, &rect);
         int x = (rect.left + rect.right) / 2;
@@ -654,7 +651,7 @@ DialogDriver& DialogDriver::ContextMenu(int id)
         // passes it to its parent unless it has a menu of its own.
         SendMessageA(control, WM_CONTEXTMENU, reinterpret_cast<WPARAM>(control), MAKELPARAM(x, y));
         return Done();
-    });
+    }));
 }
 
 DialogDriver& DialogDriver::AnswerMessageBox(int button, const std::string& textContains, std::string* textOut)
@@ -698,36 +695,23 @@ HWND DialogDriver::FindMessageBox(const std::string& textContains, std::string* 
 
 DialogDriver& DialogDriver::ExpectText(int id, const std::string& text)
 {
-    return Queue("ExpectText(" + std::to_string(id) + ", " + Quote(text) + ")",
-                 [id, text](DialogDriver&, HWND target) {
-        HWND c = target ? FindControl(target, id) : nullptr;
-        if (!c)
-            return Retry(Describe(target) + " has no control " + std::to_string(id));
+    return Queue("ExpectText(" + std::to_string(id) + ", " + Quote(text) + ")", CheckControl(id, [id, text](HWND c) {
         EXPECT_EQ(TextOf(c), text) << "text of control " << id;
-        return Done();
-    });
+    }));
 }
 
 DialogDriver& DialogDriver::ExpectChecked(int id, bool checked)
 {
-    return Queue("ExpectChecked(" + std::to_string(id) + ")", [id, checked](DialogDriver&, HWND target) {
-        HWND c = target ? FindControl(target, id) : nullptr;
-        if (!c)
-            return Retry(Describe(target) + " has no control " + std::to_string(id));
+    return Queue("ExpectChecked(" + std::to_string(id) + ")", CheckControl(id, [id, checked](HWND c) {
         EXPECT_EQ(SendMessageA(c, BM_GETCHECK, 0, 0) == BST_CHECKED, checked) << "check state of control " << id;
-        return Done();
-    });
+    }));
 }
 
 DialogDriver& DialogDriver::ExpectEnabled(int id, bool enabled)
 {
-    return Queue("ExpectEnabled(" + std::to_string(id) + ")", [id, enabled](DialogDriver&, HWND target) {
-        HWND c = target ? FindControl(target, id) : nullptr;
-        if (!c)
-            return Retry(Describe(target) + " has no control " + std::to_string(id));
+    return Queue("ExpectEnabled(" + std::to_string(id) + ")", CheckControl(id, [id, enabled](HWND c) {
         EXPECT_EQ(IsWindowEnabled(c) != FALSE, enabled) << "enabled state of control " << id;
-        return Done();
-    });
+    }));
 }
 
 DialogDriver& DialogDriver::ExpectPage(int index)
@@ -915,11 +899,7 @@ void DialogDriver::DismissLeftovers()
     ULONGLONG until = GetTickCount64() + 2000;
     while (GetTickCount64() < until && !ThreadWindows().empty()) {
         DismissOne();
-        MSG msg;
-        while (PeekMessageA(&msg, nullptr, 0, 0, PM_REMOVE)) {
-            TranslateMessage(&msg);
-            DispatchMessageA(&msg);
-        }
+        PumpMessages();
         MsgWaitForMultipleObjects(0, nullptr, FALSE, kTickMs, QS_ALLINPUT);
     }
     dismissing_.clear();

@@ -8,7 +8,6 @@
 #include <gtest/gtest.h>
 
 #include <string>
-#include <vector>
 
 #include "dialog_driver.h"
 #include "tags_test_ids.h"
@@ -46,65 +45,6 @@ TEST(StringLists, ItemsAndIndexesFollowChainedEntries)
     EXPECT_EQ(GetListIndex(9999, "x", Self()), -1);
 }
 
-// --- A dialog template in memory ---------------------------------------------
-
-enum : int {
-    kWidthLabel = 1508, kWidth = 1507, kUnitsLabel = 1503, kUnits = 1501, kSmooth = 1506,
-    kQualityLabel = 4700, kQualityBar = 4701, kQuality = 4702, kTransFirst = 5201, kTransLast = 5203,
-};
-
-class Template {
-public:
-    Template(const char* caption, short cx, short cy)
-    {
-        Align(4);
-        Put32(WS_POPUP | WS_CAPTION | WS_SYSMENU | DS_MODALFRAME | DS_SETFONT);
-        Put32(0);
-        countAt_ = words_.size();
-        Put16(0);
-        Put16(10), Put16(10), Put16(cx), Put16(cy);
-        Put16(0), Put16(0);  // no menu, default class
-        PutText(caption);
-        Put16(8);
-        PutText("MS Shell Dlg");
-    }
-    void Add(const char* cls, WORD atom, const char* text, DWORD style, int id, short x, short y, short cx, short cy)
-    {
-        Align(4);
-        Put32(WS_CHILD | WS_VISIBLE | style);
-        Put32(0);
-        Put16(x), Put16(y), Put16(cx), Put16(cy);
-        Put16(static_cast<WORD>(id));
-        if (cls) {
-            PutText(cls);
-        } else {
-            Put16(0xFFFF);
-            Put16(atom);
-        }
-        PutText(text);
-        Put16(0);
-        ++words_[countAt_];
-    }
-    const DLGTEMPLATE* Get() const { return reinterpret_cast<const DLGTEMPLATE*>(words_.data()); }
-
-private:
-    void Put16(WORD w) { words_.push_back(w); }
-    void Put32(DWORD d) { Put16(LOWORD(d)), Put16(HIWORD(d)); }
-    void PutText(const char* s)
-    {
-        for (; *s; ++s)
-            Put16(static_cast<WORD>(static_cast<unsigned char>(*s)));
-        Put16(0);
-    }
-    void Align(size_t bytes)
-    {
-        while ((words_.size() * 2) % bytes)
-            Put16(0);
-    }
-    std::vector<WORD> words_;
-    size_t countAt_ = 0;
-};
-
 INT_PTR CALLBACK PlainDialogProc(HWND dialog, UINT message, WPARAM wParam, LPARAM)
 {
     if (message == WM_INITDIALOG)
@@ -120,20 +60,8 @@ INT_PTR ShowOptionsDialog(zvtest::DialogDriver& driver)
 {
     INITCOMMONCONTROLSEX icc = {sizeof icc, ICC_BAR_CLASSES};
     InitCommonControlsEx(&icc);
-    Template t("Test Options", 260, 160);
-    t.Add(nullptr, 0x0082, "Maximum &width:", SS_LEFT, kWidthLabel, 7, 9, 60, 8);
-    t.Add(nullptr, 0x0081, "", ES_AUTOHSCROLL | WS_BORDER | WS_TABSTOP, kWidth, 70, 7, 50, 12);
-    t.Add(nullptr, 0x0082, "&Units:", SS_LEFT, kUnitsLabel, 7, 26, 60, 8);
-    t.Add(nullptr, 0x0085, "", CBS_DROPDOWNLIST | WS_VSCROLL | WS_TABSTOP, kUnits, 70, 24, 80, 80);
-    t.Add(nullptr, 0x0080, "S&moothing", BS_AUTOCHECKBOX | WS_TABSTOP, kSmooth, 7, 44, 80, 10);
-    t.Add(nullptr, 0x0082, "&Quality:", SS_LEFT, kQualityLabel, 7, 62, 60, 8);
-    t.Add(TRACKBAR_CLASSA, 0, "", TBS_HORZ | WS_TABSTOP, kQualityBar, 70, 60, 100, 14);
-    t.Add(nullptr, 0x0081, "", ES_AUTOHSCROLL | WS_BORDER | WS_TABSTOP, kQuality, 175, 60, 30, 12);
-    for (int i = 0; i < 3; ++i)
-        t.Add(nullptr, 0x0080, i == 0 ? "&None" : (i == 1 ? "&White" : "&Black"), BS_AUTORADIOBUTTON,
-              kTransFirst + i, 7, static_cast<short>(80 + 12 * i), 60, 10);
-    t.Add(nullptr, 0x0080, "OK", BS_DEFPUSHBUTTON | WS_TABSTOP, IDOK, 200, 140, 50, 14);
-    return driver.Run([&] { return DialogBoxIndirectParamA(Self(), t.Get(), nullptr, PlainDialogProc, 0); });
+    return driver.Run(
+        [&] { return DialogBoxParamA(Self(), MAKEINTRESOURCEA(IDD_TEST_OPTIONS), nullptr, PlainDialogProc, 0); });
 }
 
 std::string Tag(TagSet* tags, const char* key)
@@ -184,65 +112,65 @@ TEST(BoundControls, AValueOutOfBoundsIsRefusedToldOnceAndNotStored)
     d.WaitWindow("Test Options")
         .Do([&](HWND dlg) { dialog = dlg; })
         // 50000 for a width of 1 to 32000, as a page's kill-active retrieves it.
-        .Type(kWidth, "50000")
+        .Type(IDC_WIDTH, "50000")
         .Do([&](HWND dlg) {
-            RetrieveEditIntTag(dlg, kWidth, kWidthLabel, "TIF", "W", 1, 32000, t, &valid);
+            RetrieveEditIntTag(dlg, IDC_WIDTH, IDC_WIDTH_LABEL, "TIF", "W", 1, 32000, t, &valid);
             afterBad = valid;
-            focusOnWidth = GetFocus() == GetDlgItem(dlg, kWidth);
+            focusOnWidth = GetFocus() == GetDlgItem(dlg, IDC_WIDTH);
         })
         .Step("caption of the message box", CaptionOfBox(&dialog, &boxCaption))
         .AnswerMessageBox(IDOK, "Maximum width", &widthBox)
         // A later bad value of the same retrieval is not told again: a box
         // here would have no one to answer it and would fail the run.
         .Do([&](HWND dlg) {
-            RetrieveEditIntTag(dlg, kWidth, kWidthLabel, "TIF", "W", 1, 32000, t, &valid);
+            RetrieveEditIntTag(dlg, IDC_WIDTH, IDC_WIDTH_LABEL, "TIF", "W", 1, 32000, t, &valid);
             afterSecond = valid;
         })
-        .Type(kWidth, "800")
+        .Type(IDC_WIDTH, "800")
         .Do([&](HWND dlg) {
             valid = 1;
-            RetrieveEditIntTag(dlg, kWidth, kWidthLabel, "TIF", "W", 1, 32000, t, &valid);
+            RetrieveEditIntTag(dlg, IDC_WIDTH, IDC_WIDTH_LABEL, "TIF", "W", 1, 32000, t, &valid);
             afterGood = valid;
         })
-        .Type(kWidth, "2.5cm")
+        .Type(IDC_WIDTH, "2.5cm")
         .Do([&](HWND dlg) {
             valid = 1;
-            RetrieveEditFloatTag(dlg, kWidth, kWidthLabel, "TIF", "W", 0.0, 999999.99, t, &valid);
+            RetrieveEditFloatTag(dlg, IDC_WIDTH, IDC_WIDTH_LABEL, "TIF", "W", 0.0, 999999.99, t, &valid);
             afterFloat = valid;
         })
         .AnswerMessageBox(IDOK, "Maximum width", &floatBox)
         // The track bar carries its position to its edit; 300 is refused.
         .Do([&](HWND dlg) {
-            DisplayTrackBarTag(dlg, kQualityBar, kQuality, "JPG", "Q", 2, 255, t);
-            HWND bar = GetDlgItem(dlg, kQualityBar);
+            DisplayTrackBarTag(dlg, IDC_QUALITY_BAR, IDC_QUALITY, "JPG", "Q", 2, 255, t);
+            HWND bar = GetDlgItem(dlg, IDC_QUALITY_BAR);
             SendMessageA(bar, TBM_SETPOS, TRUE, 100);
             HandleTrackBarScroll(dlg, TB_THUMBPOSITION, reinterpret_cast<LPARAM>(bar));
-            qualityEdit = EditText(dlg, kQuality);
-            scrollOfAnEdit = HandleTrackBarScroll(dlg, 0, reinterpret_cast<LPARAM>(GetDlgItem(dlg, kWidth)));
+            qualityEdit = EditText(dlg, IDC_QUALITY);
+            scrollOfAnEdit = HandleTrackBarScroll(dlg, 0, reinterpret_cast<LPARAM>(GetDlgItem(dlg, IDC_WIDTH)));
             valid = 1;
-            RetrieveTrackBarTag(dlg, kQualityBar, kQuality, kQualityLabel, "JPG", "Q", 2, 255, t, &valid);
+            RetrieveTrackBarTag(dlg, IDC_QUALITY_BAR, IDC_QUALITY, IDC_QUALITY_LABEL, "JPG", "Q", 2, 255, t, &valid);
         })
-        .Type(kQuality, "300")
+        .Type(IDC_QUALITY, "300")
         .Do([&](HWND dlg) {
             valid = 1;
-            RetrieveTrackBarTag(dlg, kQualityBar, kQuality, kQualityLabel, "JPG", "Q2", 2, 255, t, &valid);
+            RetrieveTrackBarTag(dlg, IDC_QUALITY_BAR, IDC_QUALITY, IDC_QUALITY_LABEL, "JPG", "Q2", 2, 255, t, &valid);
             afterQuality = valid;
         })
         .AnswerMessageBox(IDOK, "Quality", &qualityBox)
         // A list, a check box and radio buttons, each shown and taken back.
         .Do([&](HWND dlg) {
-            LoadList(dlg, kUnits, kUnitsLabel, IDS_UNITS_SHOWN, IDS_UNITS_VALUES, "TIF", "UNITS", Self(), t);
-            unitsShown = EditText(dlg, kUnits);
-            DisplayCheckBoxTag(dlg, kSmooth, "BMPTIF", "SMOOTH", t);
-            radioShown = DisplayRadioButtonTag(dlg, kTransFirst, kTransLast, IDS_TRANS_VALUES, "GIF", "TRANS", Self(), t);
+            LoadList(dlg, IDC_UNITS, IDC_UNITS_LABEL, IDS_UNITS_SHOWN, IDS_UNITS_VALUES, "TIF", "UNITS", Self(), t);
+            unitsShown = EditText(dlg, IDC_UNITS);
+            DisplayCheckBoxTag(dlg, IDC_SMOOTH, "BMPTIF", "SMOOTH", t);
+            radioShown = DisplayRadioButtonTag(dlg, IDC_TRANS_FIRST, IDC_TRANS_LAST, IDS_TRANS_VALUES, "GIF", "TRANS", Self(), t);
         })
-        .PickCombo(kUnits, "Multiples")
-        .Click(kSmooth)
-        .Click(kTransFirst + 1)
+        .PickCombo(IDC_UNITS, "Multiples")
+        .Click(IDC_SMOOTH)
+        .Click(IDC_TRANS_FIRST + 1)
         .Do([&](HWND dlg) {
-            listResult = RetrieveList(dlg, kUnits, IDS_UNITS_VALUES, "TIF", "UNITS", Self(), t);
-            checked = RetrieveCheckBoxTag(dlg, kSmooth, "BMPTIF", "SMOOTH", t);
-            RetrieveRadioButtonTag(dlg, kTransFirst, kTransLast, IDS_TRANS_VALUES, "GIF", "TRANS", Self(), t);
+            listResult = RetrieveList(dlg, IDC_UNITS, IDS_UNITS_VALUES, "TIF", "UNITS", Self(), t);
+            checked = RetrieveCheckBoxTag(dlg, IDC_SMOOTH, "BMPTIF", "SMOOTH", t);
+            RetrieveRadioButtonTag(dlg, IDC_TRANS_FIRST, IDC_TRANS_LAST, IDS_TRANS_VALUES, "GIF", "TRANS", Self(), t);
         })
         .PressOk();
     ASSERT_EQ(ShowOptionsDialog(d), 1);
@@ -277,7 +205,7 @@ TEST(BoundControls, AValueOutOfBoundsIsRefusedToldOnceAndNotStored)
     EXPECT_EQ(Tag(&tags, "TIFUNITS"), "MULT");
     EXPECT_EQ(checked, 0);  // "on" showed checked, the click cleared it
     EXPECT_EQ(Tag(&tags, "BMPTIFSMOOTH"), "OFF");
-    EXPECT_EQ(radioShown, kTransLast);
+    EXPECT_EQ(radioShown, IDC_TRANS_LAST);
     EXPECT_EQ(Tag(&tags, "GIFTRANS"), "WHITE");
 }
 
@@ -299,19 +227,19 @@ TEST(BoundControls, MissingDisabledAndEmptyControlsStoreQuietly)
             RetrieveCheckBoxTag(dlg, 9003, "", "MISSINGCHECK", t);
             listResult = RetrieveList(dlg, 9004, IDS_UNITS_VALUES, "", "MISSINGLIST", Self(), t);
         })
-        .Type(kWidth, "-5")
+        .Type(IDC_WIDTH, "-5")
         .Do([&](HWND dlg) {
             // A disabled edit with a bad value is left alone without a word.
-            EnableWindow(GetDlgItem(dlg, kWidth), FALSE);
-            RetrieveEditIntTag(dlg, kWidth, kWidthLabel, "TIF", "W", 1, 32000, t, &valid);
-            EnableWindow(GetDlgItem(dlg, kWidth), TRUE);
+            EnableWindow(GetDlgItem(dlg, IDC_WIDTH), FALSE);
+            RetrieveEditIntTag(dlg, IDC_WIDTH, IDC_WIDTH_LABEL, "TIF", "W", 1, 32000, t, &valid);
+            EnableWindow(GetDlgItem(dlg, IDC_WIDTH), TRUE);
         })
-        .SetText(kWidth, "")
+        .SetText(IDC_WIDTH, "")
         .Do([&](HWND dlg) {
             // An empty edit removes its tag; an empty list is disabled.
-            RetrieveEditFloatTag(dlg, kWidth, kWidthLabel, "TIF", "H", 1.0, 10.0, t, &valid);
-            LoadList(dlg, kUnits, kUnitsLabel, 0, 0, "EPS", "CURVE", Self(), t);
-            listEnabled = IsWindowEnabled(GetDlgItem(dlg, kUnits)) || IsWindowEnabled(GetDlgItem(dlg, kUnitsLabel));
+            RetrieveEditFloatTag(dlg, IDC_WIDTH, IDC_WIDTH_LABEL, "TIF", "H", 1.0, 10.0, t, &valid);
+            LoadList(dlg, IDC_UNITS, IDC_UNITS_LABEL, 0, 0, "EPS", "CURVE", Self(), t);
+            listEnabled = IsWindowEnabled(GetDlgItem(dlg, IDC_UNITS)) || IsWindowEnabled(GetDlgItem(dlg, IDC_UNITS_LABEL));
         })
         .PressOk();
     ASSERT_EQ(ShowOptionsDialog(d), 1);

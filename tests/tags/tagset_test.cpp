@@ -6,6 +6,7 @@
 
 #include <string>
 
+#include "child_process.h"
 #include "zvwio32.h"
 
 namespace {
@@ -30,27 +31,6 @@ std::string Text(const char* value)
     return value ? value : "<absent>";
 }
 
-DWORD RunSecondProcess(const std::string& path)
-{
-    char exe[MAX_PATH] = {};
-    GetModuleFileNameA(nullptr, exe, sizeof exe);
-    std::string command = std::string("\"") + exe + "\" --gtest_filter=StoredSet.SecondProcessSide";
-    SetEnvironmentVariableA(kEnvPath, path.c_str());
-    STARTUPINFOA si = {};
-    si.cb = sizeof si;
-    PROCESS_INFORMATION pi = {};
-    const BOOL started = CreateProcessA(nullptr, command.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr, &si, &pi);
-    SetEnvironmentVariableA(kEnvPath, nullptr);
-    if (!started)
-        return 0xFFFFFFFF;
-    WaitForSingleObject(pi.hProcess, 60000);
-    DWORD code = 0xFFFFFFFE;
-    GetExitCodeProcess(pi.hProcess, &code);
-    CloseHandle(pi.hThread);
-    CloseHandle(pi.hProcess);
-    return code;
-}
-
 TEST(StoredSet, ASecondProcessSeesWhatTheFirstStored)
 {
     StoredPlace place;
@@ -70,7 +50,7 @@ TEST(StoredSet, ASecondProcessSeesWhatTheFirstStored)
         ZvSetTag(&first, "TIFH", "480");
         first.SetChild(nullptr);
     }
-    ASSERT_EQ(RunSecondProcess(place.path), 0u);
+    ASSERT_EQ(zvtest::RunThisProgram("StoredSet.SecondProcessSide", kEnvPath, place.path.c_str()), 0u);
 
     // And what the second process stored is there for a new binding here.
     TagSet again;
