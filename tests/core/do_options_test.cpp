@@ -13,6 +13,22 @@ using coretest::StoredSet;
 
 namespace {
 
+// Other test programs run beside this one: this process gets a temporary
+// folder of its own, so that what the script leaves (or not) is ours alone.
+struct PrivateTempFolder {
+    char folder[MAX_PATH] = {};
+    PrivateTempFolder()
+    {
+        char base[MAX_PATH];
+        GetTempPathA(sizeof base, base);
+        wsprintfA(folder, "%szvopt-%lu", base, GetCurrentProcessId());
+        CreateDirectoryA(folder, nullptr);
+        SetEnvironmentVariableA("TMP", folder);
+        SetEnvironmentVariableA("TEMP", folder);
+    }
+    ~PrivateTempFolder() { RemoveDirectoryA(folder); }
+};
+
 std::set<std::string> TempFiles()
 {
     char dir[MAX_PATH];
@@ -30,6 +46,7 @@ std::set<std::string> TempFiles()
 }
 
 struct Conversion : ::testing::Test {
+    PrivateTempFolder temp;
     OKAMOD* formats = new OKAMOD(nullptr);
     StoredSet tags{"DoOptions"};
     Dewey* image = coretest::PatternImage(64, 48, 24);
