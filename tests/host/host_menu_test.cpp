@@ -1,0 +1,82 @@
+#include <gtest/gtest.h>
+
+#include "save_road.h"
+#include "output_ids.h"
+#include "ravicli.h"
+#include "save_test_support.h"
+
+namespace {
+
+using savetest::NameBox;
+using savetest::TempFolder;
+using savetest::TypeName;
+
+// The host's main window, as zvhost makes it, with no menu of its own yet.
+HWND MakeHostWindow()
+{
+    WNDCLASSA wc = {};
+    wc.lpfnWndProc = DefWindowProcA;
+    wc.hInstance = GetModuleHandleA(nullptr);
+    wc.lpszClassName = "ZvHostTest";
+    RegisterClassA(&wc);
+    return CreateWindowA("ZvHostTest", "Zavrin Host", WS_OVERLAPPEDWINDOW, 0, 0, 400, 300, nullptr,
+                         nullptr, wc.hInstance, nullptr);
+}
+
+std::string UnixToWine(const std::string& unixPath)
+{
+    return "Z:" + [&] {
+        std::string p = unixPath;
+        for (char& c : p)
+            if (c == '/')
+                c = '\\';
+        return p;
+    }();
+}
+
+TEST(HostMenu, OpenThenSaveAsPngWritesTheImageWithTheSheetsOptions)
+{
+    std::string source = TempFolder() + "\\hostmenu.bmp";
+    std::string target = TempFolder() + "\\hostmenu.png";
+    ASSERT_TRUE(CopyFileA(UnixToWine(ZV_SAMPLE_BMP).c_str(), source.c_str(), FALSE));
+    DeleteFileA(target.c_str());
+    // The host's stored choices from an earlier run would change the sheet.
+    RegDeleteTreeA(HKEY_CURRENT_USER, "Software\\Zavrin\\Tags\\zvhost");
+
+    HWND window = MakeHostWindow();
+    AddFileMenu(window);
+
+    zvtest::DialogDriver open;
+    open.WaitWindow("Open");
+    TypeName(open, source);
+    open.PressOk();
+    open.Run([&] { return INT_PTR(OnFileCommand(window, 100)); });
+    EXPECT_FALSE(open.Failed());
+    EXPECT_EQ(zvtest::DialogDriver::TextOf(window), "Zavrin Host - " + source);
+
+    // Save As: a PNG, half as wide in pixels, the height following.
+    zvtest::DialogDriver save;
+    save.WaitWindow("Save As").WaitControl(savetest::kTypeList);
+    TypeName(save, target);
+    save.Click(savetest::kOptions).WaitWindow("PNG Processing Options").WaitControl(IDC_OUT_SCALING);
+    save.PickCombo(IDC_OUT_SCALING, "Maintain Aspect Ratio").PickCombo(IDC_OUT_UNITS, "Pixels");
+    save.Type(IDC_OUT_WIDTH, "32").ExpectText(IDC_OUT_HEIGHT, "24").PressOk();
+    save.WaitWindow("Save As").WaitControl(savetest::kTypeList).PressOk();
+    std::string written;
+    save.AnswerMessageBox(IDOK, "Written", &written);
+    save.Run([&] { return INT_PTR(OnFileCommand(window, 101)); });
+    EXPECT_FALSE(save.Failed());
+    EXPECT_EQ(written, "Written: " + target);
+
+    Dewey result;
+    ASSERT_EQ(result.Open(target.c_str()), 0);
+    long width = 0, height = 0;
+    result.GetInfo(&width, &height, nullptr, nullptr, nullptr);
+    EXPECT_EQ(width, 32);
+    EXPECT_EQ(height, 24);
+
+    CloseFileMenu();
+    DestroyWindow(window);
+}
+
+}  // namespace
