@@ -335,6 +335,24 @@ DialogDriver& CancelSheet(DialogDriver& d)
     });
 }
 
+// Waits for the option sheet and checks that its first page holds the
+// control: the size edits tell the raster page from the vector page.
+DialogDriver& ExpectSheetControl(DialogDriver& d, int id)
+{
+    return d.Step("the sheet shows control " + std::to_string(id), [id](DialogDriver&, HWND) {
+        for (HWND window : DialogDriver::ThreadWindows())
+            if (DialogDriver::IsPropertySheet(window)) {
+                HWND control = DialogDriver::FindControl(window, id);
+                if (control == nullptr || !IsWindowVisible(control))
+                    return DialogDriver::Result{DialogDriver::Outcome::Retry, "the sheet has no such control"};
+                return DialogDriver::Result{DialogDriver::Outcome::Done, {}};
+            }
+        return DialogDriver::Result{DialogDriver::Outcome::Retry, "no sheet is up"};
+    });
+}
+
+constexpr int kRasterWidth = 1507, kVectorWidth = 1404;
+
 TEST(SaveOptions, AMetafileForARasterSourceAsksForTheClassFirst)
 {
     SaveRoad road;
@@ -352,11 +370,28 @@ TEST(SaveOptions, AMetafileForARasterSourceAsksForTheClassFirst)
     TypeName(again, "chart.wmf");
     // Vector only: the sheet that follows is that of a vector destination.
     again.Click(kOptions).WaitWindow("Metafile Options").Click(5402).PressOk();
+    ExpectSheetControl(again, kVectorWidth);
     CancelSheet(again);
     again.WaitWindow(kCaption).WaitControl(kTypeList).PressCancel();
     road.Save(again, "BMP", 1);
     EXPECT_FALSE(again.Failed());
     EXPECT_EQ(Tag(road.tags, "WMFRVFORCE"), "V");
+}
+
+TEST(SaveOptions, PixCountsAsRasterWhateverTheClassChosen)
+{
+    SaveRoad road;
+    DialogDriver d;
+    OpenSave(d);
+    TypeName(d, "scan.pix");
+    // PIX is a metafile format: the class is asked for, and Vector only
+    // would give the vector page to any other metafile.
+    d.Click(kOptions).WaitWindow("Metafile Options").Click(5402).PressOk();
+    ExpectSheetControl(d, kRasterWidth);
+    CancelSheet(d).WaitWindow(kCaption).WaitControl(kTypeList).PressCancel();
+    road.Save(d, "BMP", 1);
+    EXPECT_FALSE(d.Failed());
+    EXPECT_EQ(Tag(road.tags, "PIXRVFORCE"), "V");
 }
 
 TEST(SaveOptions, TheButtonOpensTheSheetOfTheNamedFormat)
