@@ -6,10 +6,13 @@
 namespace zvfmt {
 namespace {
 
-std::string Lower(std::string_view text)
+// Patterns are upper case, as the extensions of the format table are: the
+// extension that a type entry gives a typed name (NOTES becoming NOTES.GIF)
+// and the type tags that the dialogs store then read as the table has them.
+std::string Upper(std::string_view text)
 {
     std::string out(text);
-    for (char& c : out) c = static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
+    for (char& c : out) c = static_cast<char>(std::toupper(static_cast<unsigned char>(c)));
     return out;
 }
 
@@ -27,9 +30,9 @@ bool Wanted(const FormatRecord& format, FilterKind kind, bool rasterOnly)
 FilterEntry EntryOf(const FormatRecord& format, FilterKind kind)
 {
     FilterEntry entry;
-    entry.pattern = "*." + Lower(format.ext);
+    entry.pattern = "*." + Upper(format.ext);
     if (kind != FilterKind::Dest)
-        for (const std::string& alias : format.aliases) entry.pattern += ";*." + Lower(alias);
+        for (const std::string& alias : format.aliases) entry.pattern += ";*." + Upper(alias);
     entry.name = format.name + " (" + entry.pattern + ")";
     return entry;
 }

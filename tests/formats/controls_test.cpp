@@ -90,15 +90,15 @@ TEST_F(Controls, TypeComboMapsBetweenPositionAndExtension)
 
     int gif = GetFormatIndex(dialog, IDC_TYPES, "GIF");
     ASSERT_GE(gif, 0);
-    EXPECT_STREQ(strchr(list[2 * gif + 1], '.') + 1, "gif");
+    EXPECT_STREQ(strchr(list[2 * gif + 1], '.') + 1, "GIF");
     char ext[256];
     EXPECT_EQ(GetIndexExt(dialog, IDC_TYPES, gif, ext), 3);
-    EXPECT_STREQ(ext, "gif");
+    EXPECT_STREQ(ext, "GIF");
     // Each format's own entry wins over the known-formats entry, which holds
     // every extension too; that one gives its first.
     EXPECT_EQ(GetFormatIndex(dialog, IDC_TYPES, "bmp"), 0);
     EXPECT_EQ(GetIndexExt(dialog, IDC_TYPES, n - 1, ext), 3);
-    EXPECT_STREQ(ext, "bmp");
+    EXPECT_STREQ(ext, "BMP");
 
     for (const char* odd : {"XYZ", "PCD" /* read only: not in a save list */, ""})
         EXPECT_EQ(GetFormatIndex(dialog, IDC_TYPES, odd), -1) << odd;

@@ -73,9 +73,9 @@ TEST_F(FileLists, SaveListHasOneEntryPerDestinationThenTheKnownFormats)
         EXPECT_TRUE(formats->IsDest(ZvGetIndex(formats, ext))) << ext;
         EXPECT_EQ(std::strchr(ext, ';'), nullptr) << "one pattern per destination entry";
     }
-    EXPECT_STREQ(list[1], "*.bmp");
-    EXPECT_EQ(std::string(list[2 * destinations]).rfind("Known formats (*.bmp;", 0), 0u);
-    EXPECT_NE(std::string(list[2 * destinations + 1]).find("*.wmf"), std::string::npos);
+    EXPECT_STREQ(list[1], "*.BMP");
+    EXPECT_EQ(std::string(list[2 * destinations]).rfind("Known formats (*.BMP;", 0), 0u);
+    EXPECT_NE(std::string(list[2 * destinations + 1]).find("*.WMF"), std::string::npos);
     ZvDeleteFilterList(formats, list);
 }
 
@@ -103,7 +103,7 @@ TEST_F(FileLists, OpenListStartsWithAllFilesAndListsEverySpelling)
         const char* ext = std::strchr(list[2 * i + 1], '.') + 1;
         std::string first(ext, std::strcspn(ext, ";"));
         EXPECT_TRUE(formats->IsSource(ZvGetIndex(formats, first.c_str()))) << first;
-        jpegSpellings = jpegSpellings || std::strcmp(list[2 * i + 1], "*.jpg;*.jpeg;*.jpe;*.jfif") == 0;
+        jpegSpellings = jpegSpellings || std::strcmp(list[2 * i + 1], "*.JPG;*.JPEG;*.JPE;*.JFIF") == 0;
     }
     EXPECT_TRUE(jpegSpellings);
     ZvDeleteFilterList(formats, list);
@@ -114,9 +114,9 @@ TEST_F(FileLists, CustomListTakesTheHostsFormatsAndAnyTextGivesAList)
     char** list = ZvCreateCustomList(formats, Module(), 'D', IDS_KNOWN_FORMATS, "gif;*.PCX;nonsense");
     ASSERT_NE(list, nullptr);
     ASSERT_EQ(Entries(list), 3);
-    EXPECT_STREQ(list[1], "*.gif");
-    EXPECT_STREQ(list[3], "*.pcx");
-    EXPECT_STREQ(list[4], "Known formats (*.gif;*.pcx)");
+    EXPECT_STREQ(list[1], "*.GIF");
+    EXPECT_STREQ(list[3], "*.PCX");
+    EXPECT_STREQ(list[4], "Known formats (*.GIF;*.PCX)");
     ZvDeleteFilterList(formats, list);
 
     // A host that passes its title as the list gets every destination.

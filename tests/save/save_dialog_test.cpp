@@ -192,7 +192,7 @@ TEST(SaveType, ANameWithoutDotGainsTheTypesExtension)
                      reinterpret_cast<LPARAM>(GetDlgItem(dialog, kTypeList)));
     });
     // The list gives the extension as its pattern spells it.
-    ExpectName(d, "photo.pcx").PressCancel();
+    ExpectName(d, "photo.PCX").PressCancel();
     road.Save(d, "BMP", 1);
     EXPECT_FALSE(d.Failed());
 }
@@ -213,7 +213,7 @@ TEST(SaveType, TagsMoveOnlyBackToTheDestinationLastTranslated)
     DialogDriver d;
     OpenSave(d).Do([tags](HWND) { EXPECT_EQ(Tag(tags, "BMPW"), "5"); });  // from the neutral key
     d.Do(pick("GIF")).Do([tags](HWND dialog) {
-        EXPECT_EQ(DialogDriver::TextOf(NameBox(dialog)), "*.gif");
+        EXPECT_EQ(DialogDriver::TextOf(NameBox(dialog)), "*.GIF");
         EXPECT_EQ(Tag(tags, "GIFW"), "7");  // GIF was never translated to: left alone
         EXPECT_EQ(Tag(tags, "BMPW"), "5");
     });
@@ -252,9 +252,9 @@ TEST(SaveAccept, ANameWhoseExtensionIsNoFormatKeepsItAndGainsTheTypes)
     d.PressOk();
     EXPECT_NE(road.Save(d, "BMP", 1), 0);
     EXPECT_FALSE(d.Failed());
-    EXPECT_EQ(std::string(road.path), folder + "\\NOTES.XYZ.gif");
+    EXPECT_EQ(std::string(road.path), folder + "\\NOTES.XYZ.GIF");
     EXPECT_EQ(Tag(road.tags, "SAVEDIR"), folder + "\\");
-    EXPECT_EQ(Tag(road.tags, "RDESTTYPE"), "gif");
+    EXPECT_EQ(Tag(road.tags, "RDESTTYPE"), "GIF");
     EXPECT_EQ(Tag(road.tags, "EDESTTYPE"), "<none>");
 }
 

@@ -31,16 +31,16 @@ TEST(FilterList, LabelGoesLastForDestinationsAndFirstForSources)
 {
     auto dest = zvfmt::FormatEntries(&Table(), zvfmt::KindFromLetter('D'), false);
     zvfmt::AddLabelEntry(dest, "Known formats (...)", FilterKind::Dest);
-    EXPECT_EQ(Patterns(dest), (std::vector<std::string>{"*.bmp", "*.wmf", "*.dcx", "*.bmp;*.wmf;*.dcx"}));
-    EXPECT_EQ(dest[0].name, "Bitmap (*.bmp)");
-    EXPECT_EQ(dest[3].name, "Known formats (*.bmp;*.wmf;*.dcx)");
+    EXPECT_EQ(Patterns(dest), (std::vector<std::string>{"*.BMP", "*.WMF", "*.DCX", "*.BMP;*.WMF;*.DCX"}));
+    EXPECT_EQ(dest[0].name, "Bitmap (*.BMP)");
+    EXPECT_EQ(dest[3].name, "Known formats (*.BMP;*.WMF;*.DCX)");
 
     auto raster = zvfmt::FormatEntries(&Table(), FilterKind::Dest, true);
-    EXPECT_EQ(Patterns(raster), (std::vector<std::string>{"*.bmp", "*.dcx"}));
+    EXPECT_EQ(Patterns(raster), (std::vector<std::string>{"*.BMP", "*.DCX"}));
 
     auto source = zvfmt::FormatEntries(&Table(), zvfmt::KindFromLetter('S'), false);
     zvfmt::AddLabelEntry(source, "All files (*.*)", FilterKind::Source);
-    EXPECT_EQ(Patterns(source), (std::vector<std::string>{"*.*", "*.bmp;*.dib", "*.wmf", "*.pcd"}));
+    EXPECT_EQ(Patterns(source), (std::vector<std::string>{"*.*", "*.BMP;*.DIB", "*.WMF", "*.PCD"}));
 
     std::vector<FilterEntry> none;
     zvfmt::AddLabelEntry(none, "Known formats (...)", FilterKind::Dest);
@@ -56,7 +56,7 @@ TEST(FilterList, PackedListServesAsLpstrFilter)
     std::size_t texts = 0;
     for (; *p != '\0'; p += std::strlen(p) + 1, ++texts) EXPECT_EQ(p, list[texts]);
     EXPECT_EQ(texts, 2 * entries.size());
-    EXPECT_STREQ(list[1], "*.bmp");
+    EXPECT_STREQ(list[1], "*.BMP");
     EXPECT_EQ(list[texts], nullptr);
     std::free(list);
     EXPECT_EQ(zvfmt::PackFilterList(entries, [](unsigned long) -> void* { return nullptr; }), nullptr);
@@ -66,7 +66,7 @@ TEST(FilterList, CustomListKeepsTheHostsOrderAndFallsBackWhenItNamesNothing)
 {
     // dib is BMP; XYZ is unknown; bmp repeats BMP; PCD is no destination.
     auto custom = zvfmt::CustomEntries(&Table(), FilterKind::Dest, "*.wmf; dib,XYZ~bmp pcd wmf");
-    EXPECT_EQ(Patterns(custom), (std::vector<std::string>{"*.wmf", "*.bmp"}));
+    EXPECT_EQ(Patterns(custom), (std::vector<std::string>{"*.WMF", "*.BMP"}));
     auto all = Patterns(zvfmt::FormatEntries(&Table(), FilterKind::Dest, false));
     EXPECT_EQ(Patterns(zvfmt::CustomEntries(&Table(), FilterKind::Dest, "Zavrin PRO")), all);
     EXPECT_EQ(Patterns(zvfmt::CustomEntries(&Table(), FilterKind::Dest, nullptr)), all);
