@@ -53,6 +53,10 @@ void ReportPageOutOfMemory(HWND dialog);
 
 // The help topic of every output page.
 constexpr unsigned long kOutputPagesHelp = 1400;
+// The help that every output page gives: the sheet's Help button and F1
+// open the pages' topic, a right click the control's pop-up. True, with the
+// page's answer, for a message it took.
+bool AnswerOutputPageHelp(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* answer);
 
 // --- The pages. Each does all its work in WindowProc; OnOK and OnCancel
 // are the base's.

@@ -77,6 +77,9 @@ void CEntityOutPropPage::InitPage()
 
 LRESULT CEntityOutPropPage::WindowProc(UINT message, WPARAM wParam, LPARAM lParam)
 {
+    LRESULT answer = 0;
+    if (AnswerOutputPageHelp(message, wParam, lParam, &answer))
+        return answer;
     switch (message) {
     case WM_INITDIALOG:
         m_state = static_cast<OutputSizeState*>(OkiAllocSMem(sizeof(OutputSizeState)));
@@ -97,18 +100,9 @@ LRESULT CEntityOutPropPage::WindowProc(UINT message, WPARAM wParam, LPARAM lPara
             RetrieveOutputPage(m_hWnd, m_state);
             if (Options()->pageValid == 0)
                 return 1;
-        } else if (header->code == PSN_HELP) {
-            ShowContextHelp(WM_COMMAND, MAKEWPARAM(IDHELP, 0), kOutputPagesHelp);
-            return 0;
         }
         break;
     }
-    case WM_HELP:
-        ShowContextHelp(WM_COMMAND, MAKEWPARAM(IDHELP, 0), kOutputPagesHelp);
-        return TRUE;
-    case WM_CONTEXTMENU:
-        ShowContextHelp(message, wParam, lParam);
-        return 0;
     case WM_DESTROY:
         OkiFreeSMem(m_state);
         m_state = nullptr;

@@ -631,3 +631,25 @@ void ReportPageOutOfMemory(HWND dialog)
     SeamMessageBox(context->parentWnd, text, context->appTitle, MB_ICONHAND);
     EndDialog(dialog, 0);
 }
+
+bool AnswerOutputPageHelp(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* answer)
+{
+    switch (message) {
+    case WM_NOTIFY:
+        if (reinterpret_cast<const NMHDR*>(lParam)->code != PSN_HELP)
+            return false;
+        ShowContextHelp(WM_COMMAND, MAKEWPARAM(IDHELP, 0), kOutputPagesHelp);
+        *answer = 0;
+        return true;
+    case WM_HELP:
+        ShowContextHelp(WM_COMMAND, MAKEWPARAM(IDHELP, 0), kOutputPagesHelp);
+        *answer = TRUE;
+        return true;
+    case WM_CONTEXTMENU:
+        ShowContextHelp(message, wParam, lParam);
+        *answer = 0;
+        return true;
+    default:
+        return false;
+    }
+}

@@ -18,6 +18,15 @@ CRasterOutPropPage::~CRasterOutPropPage()
 
 LRESULT CRasterOutPropPage::WindowProc(UINT message, WPARAM wParam, LPARAM lParam)
 {
+    if (message == WM_HELP) {
+        // F1 opens the page's topic the way the Help button does: through
+        // the command that the sheet's Help button sends.
+        PostMessageA(WM_COMMAND, MAKEWPARAM(IDHELP, 0), 0);
+        return TRUE;
+    }
+    LRESULT answer = 0;
+    if (AnswerOutputPageHelp(message, wParam, lParam, &answer))
+        return answer;
     switch (message) {
     case WM_INITDIALOG:
         m_state = static_cast<OutputSizeState*>(OkiAllocSMem(sizeof(OutputSizeState)));
@@ -43,19 +52,9 @@ LRESULT CRasterOutPropPage::WindowProc(UINT message, WPARAM wParam, LPARAM lPara
             // text of the link, not the unrounded number behind it.
             ZvSetFloatTag(context->tags, TagKey(context->destKey, "W"), m_state->width, 32);
             ZvSetFloatTag(context->tags, TagKey(context->destKey, "H"), m_state->height, 32);
-        } else if (header->code == PSN_HELP) {
-            ShowContextHelp(WM_COMMAND, MAKEWPARAM(IDHELP, 0), kOutputPagesHelp);
-            return 0;
         }
         break;
     }
-    case WM_HELP:
-        // F1 opens the page's topic, the way the Help button does.
-        PostMessageA(WM_COMMAND, MAKEWPARAM(IDHELP, 0), 0);
-        return TRUE;
-    case WM_CONTEXTMENU:
-        ShowContextHelp(message, wParam, lParam);
-        return 0;
     case WM_DESTROY:
         // Between dialogs the store holds tenths of microns per dot.
         ResolutionToDeciMicrons(Options()->tags, Options()->destKey);

@@ -185,6 +185,9 @@ void CVectorOutPropPage::Retrieve()
 
 LRESULT CVectorOutPropPage::WindowProc(UINT message, WPARAM wParam, LPARAM lParam)
 {
+    LRESULT answer = 0;
+    if (AnswerOutputPageHelp(message, wParam, lParam, &answer))
+        return answer;
     switch (message) {
     case WM_INITDIALOG:
         InitPage();
@@ -246,18 +249,9 @@ LRESULT CVectorOutPropPage::WindowProc(UINT message, WPARAM wParam, LPARAM lPara
             Retrieve();
             if (Options()->pageValid == 0)
                 return 1;
-        } else if (header->code == PSN_HELP) {
-            ShowContextHelp(WM_COMMAND, MAKEWPARAM(IDHELP, 0), kOutputPagesHelp);
-            return 0;
         }
         break;
     }
-    case WM_HELP:
-        ShowContextHelp(WM_COMMAND, MAKEWPARAM(IDHELP, 0), kOutputPagesHelp);
-        return TRUE;
-    case WM_CONTEXTMENU:
-        ShowContextHelp(message, wParam, lParam);
-        return 0;
     default:
         break;
     }
