@@ -23,6 +23,7 @@ void ReplacePicture(LouieState& state, Image&& image, HENHMETAFILE emf)
     state.hasUndo = false;
     state.undoRaster = Image();
     state.undoEmf = nullptr;
+    state.sectionCurrent = false;
 }
 
 namespace {
@@ -36,6 +37,7 @@ void PushHistory(LouieState& state)
     state.raster = Image();
     state.emf = nullptr;
     state.hasUndo = true;
+    state.sectionCurrent = false;
 }
 
 }  // namespace
@@ -50,7 +52,6 @@ void CommitVector(LouieState& state, HENHMETAFILE emf)
 {
     PushHistory(state);
     state.emf = emf;
-    state.vectorStale = true;
 }
 
 }  // namespace ravi
@@ -334,7 +335,7 @@ short Dewey::UndoRedo()
     if (!state.hasUndo) return ravi::kEngineNothingToUndo;
     std::swap(state.raster, state.undoRaster);
     std::swap(state.emf, state.undoEmf);
-    if (state.emf) state.vectorStale = true;
+    state.sectionCurrent = false;
     return 0;
 }
 
@@ -382,14 +383,14 @@ short Dewey::Open(const char* path)
     if (code != 0) return code;
 
     // The section first: when it cannot be had the document keeps what it had.
-    std::vector<unsigned char> bytes = ravi::PictureBytes(image, emf);
-    code = ravi::StoreInSection(louie, bytes.data(), bytes.size());
+    code = ravi::StorePicture(louie, image, emf);
     if (code != 0) {
         if (emf) DeleteEnhMetaFile(emf);
         return code;
     }
     LouieState& state = *louie->state;
     ravi::ReplacePicture(state, std::move(image), emf);
+    state.sectionCurrent = true;
     lstrcpynA(state.fileName, path, sizeof state.fileName);
     return 0;
 }
@@ -411,10 +412,12 @@ short Dewey::CreateRaster(long width, long height, short bits)
     short code = ravi::MakeImage(width, height, bits, &image);
     if (code != 0) return code;
     FillWhite(image);
-    code = ravi::StoreInSection(louie, image.Data(), image.Size());
+    code = ravi::StorePicture(louie, image, nullptr);
     if (code != 0) return code;
-    ravi::ReplacePicture(*louie->state, std::move(image), nullptr);
-    louie->state->fileName[0] = 0;
+    LouieState& state = *louie->state;
+    ravi::ReplacePicture(state, std::move(image), nullptr);
+    state.sectionCurrent = true;
+    state.fileName[0] = 0;
     return 0;
 }
 
@@ -423,6 +426,9 @@ BITMAPINFOHEADER* Dewey::GetDib()
     if (!ravi::HasState(this)) return nullptr;
     LouieState& state = *louie->state;
     if (state.raster.Empty()) return nullptr;
+    // The caller may write the pixels through this pointer, and we cannot
+    // see when: from now on the section counts as behind.
+    state.sectionCurrent = false;
     return reinterpret_cast<BITMAPINFOHEADER*>(state.raster.Data());
 }
 

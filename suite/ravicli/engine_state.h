@@ -5,6 +5,7 @@
 #include <windows.h>
 
 #include <cstddef>
+#include <memory>
 #include <vector>
 
 #include "portable/dib.h"
@@ -25,13 +26,22 @@ public:
     ravi::Image undoRaster;
     HENHMETAFILE undoEmf = nullptr;
 
-    // A vector's section is shared by name without SaveResurrectionData
-    // (a clone of a vector looks at the same section), so a change marks it
-    // stale and GetSectionName brings it up to date.
-    bool vectorStale = false;
+    // The section holds the picture in hand: nothing has changed it since it
+    // was stored there or read from there. Every change of the picture (and
+    // every pointer handed out to write it) clears this, so that
+    // SaveResurrectionData only writes what is new. A vector's section is
+    // shared by name without SaveResurrectionData (a clone of a vector looks
+    // at the same section), so GetSectionName brings a stale one up to date.
+    bool sectionCurrent = false;
 
-    void* view = nullptr;        // the section mapped whole
+    // The section mapped whole, released when the last holder lets go: a
+    // picture read from a section may borrow this view as its storage.
+    std::shared_ptr<void> view;
     std::size_t viewBytes = 0;   // what VirtualQuery says the view holds
+    // The document made this section and writes its picture there in place.
+    // A section that it only opened by name is never written: the view is a
+    // private copy-on-write one, and a picture to store gets a new section.
+    bool ownSection = false;
     char sectionName[32] = {};
     char fileName[516] = {};
     char optionsPath[516] = {};
@@ -54,19 +64,20 @@ inline bool HasState(const Dewey* document)
 }
 
 // --- sections (section.cpp) ---
-// Puts bytes into the document's section, making a new one when there is
-// none or the present one is too small.
-short StoreInSection(Louie* louie, const void* bytes, std::size_t count);
-// Unmaps and closes the document's section.
+// Puts a picture into the document's section, in place when the section is
+// the document's own and large enough, otherwise in a new section that
+// replaces it. The document's picture is not changed; the caller says
+// whether it is the one now in the section.
+short StorePicture(Louie* louie, const ravi::Image& raster, HENHMETAFILE emf);
+// Lets go of the document's section.
 void CloseSection(Louie* louie);
-// The bytes that stand for the picture in hand: the DIB, or the metafile's.
-std::vector<unsigned char> PictureBytes(const ravi::Image& raster, HENHMETAFILE emf);
 
 // --- the picture in hand (dewey.cpp) ---
 // Replaces the picture by a new one, keeping the old one for UndoRedo.
 void CommitRaster(LouieState& state, ravi::Image&& image);
 void CommitVector(LouieState& state, HENHMETAFILE emf);
-// Replaces the picture without history (a newly opened or made image).
+// Replaces the picture without history (a newly opened or made image, or
+// one read from a section); the caller says whether the section holds it.
 void ReplacePicture(LouieState& state, ravi::Image&& image, HENHMETAFILE emf);
 
 // A metafile that draws a raster image at its size.

@@ -2,8 +2,18 @@
 // DIB, a vector image as the bytes of its enhanced metafile, so that another
 // object, or another process, can open the section by name and find the
 // whole picture. The picture in hand lives in the document's memory; the
-// section gets a copy when SaveResurrectionData asks for one, and when a
-// picture is first opened or made.
+// section gets a copy when SaveResurrectionData asks for one (and only when
+// the picture changed since), and when a picture is first opened or made.
+//
+// A document that opens a section by name maps it copy-on-write, and a
+// raster picture it reads there keeps that view as its storage instead of
+// copying the rows: a clone of a large picture then costs one copy, the one
+// into the new section. Two rules keep such a picture the document's own:
+// the engine only ever writes in place into a section that the same
+// document made (one that it opened gets a new section of its own when a
+// changed picture is stored), and the sections that documents make, which
+// their makers do write in place, are copied when another document opens
+// them. What the document writes goes into private pages of its view.
 #include <cstdio>
 #include <cstring>
 #include <new>
@@ -14,6 +24,9 @@ static_assert(offsetof(Louie, reserved_) == 0, "a Louie's working fields come fi
 
 namespace {
 
+// Every section that a document makes is named from this stem.
+const char kSectionStem[] = "RaviImage";
+
 // A section name that no one uses: the engine's stem, our process and a
 // counter. It always fits the 32 bytes of GetSectionName.
 void MakeSectionName(char (&name)[32])
@@ -21,7 +34,7 @@ void MakeSectionName(char (&name)[32])
     static LONG counter = 0;
     for (;;) {
         LONG n = InterlockedIncrement(&counter);
-        std::snprintf(name, sizeof name, "RaviImage%lx_%ld", GetCurrentProcessId(), long(n));
+        std::snprintf(name, sizeof name, "%s%lx_%ld", kSectionStem, GetCurrentProcessId(), long(n));
         HANDLE taken = OpenFileMappingA(FILE_MAP_READ, FALSE, name);
         if (!taken) return;
         CloseHandle(taken);
@@ -45,9 +58,24 @@ bool LooksLikeMetafile(const unsigned char* bytes, std::size_t count)
     return header.iType == EMR_HEADER && header.dSignature == ENHMETA_SIGNATURE;
 }
 
-// Reads the picture that a section holds. 0, or an engine code with image
-// and emf untouched.
-short PictureFromView(const unsigned char* bytes, std::size_t count, ravi::Image& image, HENHMETAFILE& emf)
+// A section that a document made: its maker writes the next picture there
+// in place, so a reader must not keep the section's bytes as its own.
+bool MadeByADocument(const char* name)
+{
+    return std::strncmp(name, kSectionStem, sizeof kSectionStem - 1) == 0;
+}
+
+// A view that stays mapped for as long as a document or a picture holds it.
+std::shared_ptr<void> KeepView(void* view)
+{
+    return std::shared_ptr<void>(view, [](void* v) { UnmapViewOfFile(v); });
+}
+
+// Reads the picture that a section holds. A raster keeps the view as its
+// storage when `keeper` is given, and is copied otherwise. 0, or an engine
+// code with image and emf untouched.
+short PictureFromView(unsigned char* bytes, std::size_t count, const std::shared_ptr<void>& keeper,
+                      ravi::Image& image, HENHMETAFILE& emf)
 {
     if (LooksLikeMetafile(bytes, count)) {
         ENHMETAHEADER header;
@@ -58,10 +86,10 @@ short PictureFromView(const unsigned char* bytes, std::size_t count, ravi::Image
         emf = picture;
         return 0;
     }
-    ravi::Image copy;
-    short code = ravi::ImageFromDib(bytes, count, &copy);
+    ravi::Image picture;
+    short code = keeper ? ravi::ImageOverDib(bytes, count, keeper, &picture) : ravi::ImageFromDib(bytes, count, &picture);
     if (code != 0) return code;
-    image = std::move(copy);
+    image = std::move(picture);
     return 0;
 }
 
@@ -69,38 +97,39 @@ short PictureFromView(const unsigned char* bytes, std::size_t count, ravi::Image
 
 namespace ravi {
 
-std::vector<unsigned char> PictureBytes(const Image& raster, HENHMETAFILE emf)
-{
-    std::vector<unsigned char> bytes;
-    if (!raster.Empty()) {
-        bytes.assign(raster.Data(), raster.Data() + raster.Size());
-    } else if (emf) {
-        UINT count = GetEnhMetaFileBits(emf, 0, nullptr);
-        bytes.resize(count);
-        if (count) GetEnhMetaFileBits(emf, count, bytes.data());
-    }
-    return bytes;
-}
-
 void CloseSection(Louie* louie)
 {
     LouieState& state = *louie->state;
-    if (state.view) UnmapViewOfFile(state.view);
+    // A picture that still borrows the view keeps it mapped by itself.
+    state.view.reset();
     if (louie->section) CloseHandle(louie->section);
-    state.view = nullptr;
     state.viewBytes = 0;
+    state.ownSection = false;
     louie->section = nullptr;
     state.sectionName[0] = 0;
 }
 
-short StoreInSection(Louie* louie, const void* bytes, std::size_t count)
+short StorePicture(Louie* louie, const Image& raster, HENHMETAFILE emf)
 {
     LouieState& state = *louie->state;
+    std::size_t count = 0;
+    if (!raster.Empty())
+        count = raster.Size();
+    else if (emf)
+        count = GetEnhMetaFileBits(emf, 0, nullptr);
     if (count == 0) return kEngineNoImage;
+    // Straight from the picture into the section, with nothing in between.
+    auto write = [&](void* to) {
+        if (!raster.Empty())
+            std::memcpy(to, raster.Data(), count);
+        else
+            GetEnhMetaFileBits(emf, UINT(count), static_cast<BYTE*>(to));
+    };
+
     // A section never grows, but a smaller picture fits the one we have:
     // the header inside says how much of it counts.
-    if (state.view && state.viewBytes >= count) {
-        std::memcpy(state.view, bytes, count);
+    if (state.ownSection && state.view && state.viewBytes >= count) {
+        write(state.view.get());
         return 0;
     }
     if (count > kMaxImageBytes) return kEngineNoMemory;
@@ -114,12 +143,13 @@ short StoreInSection(Louie* louie, const void* bytes, std::size_t count)
         CloseHandle(section);
         return kEngineNoSection;
     }
-    std::memcpy(view, bytes, count);
+    write(view);
 
     CloseSection(louie);
     louie->section = section;
-    state.view = view;
+    state.view = KeepView(view);
     state.viewBytes = ViewBytes(view);
+    state.ownSection = true;
     lstrcpynA(state.sectionName, name, sizeof state.sectionName);
     return 0;
 }
@@ -142,9 +172,12 @@ Louie::~Louie()
 short Louie::SaveResurrectionData()
 {
     if (!state) return ravi::kEngineNoMemory;
-    std::vector<unsigned char> bytes = ravi::PictureBytes(state->raster, state->emf);
-    if (bytes.empty()) return ravi::kEngineNoImage;
-    return ravi::StoreInSection(this, bytes.data(), bytes.size());
+    if (state->raster.Empty() && !state->emf) return ravi::kEngineNoImage;
+    // Nothing changed since the section last got the picture: it holds it.
+    if (state->sectionCurrent && section) return 0;
+    short code = ravi::StorePicture(this, state->raster, state->emf);
+    if (code == 0) state->sectionCurrent = true;
+    return code;
 }
 
 short Dewey::GetSectionName(char* name)
@@ -152,8 +185,7 @@ short Dewey::GetSectionName(char* name)
     if (!ravi::HasState(this)) return ravi::kEngineNoMemory;
     if (!name) return ravi::kEngineBadArgument;
     LouieState& state = *louie->state;
-    if (state.raster.Empty() && state.emf && state.vectorStale && louie->SaveResurrectionData() == 0)
-        state.vectorStale = false;
+    if (state.raster.Empty() && state.emf && !state.sectionCurrent) louie->SaveResurrectionData();
     lstrcpynA(name, state.sectionName, 32);
     return 0;
 }
@@ -178,18 +210,21 @@ short Dewey::ResurrectSection(const char* sectionName, const char* file)
     // of its own for as long as it looks at the section.
     HANDLE section = OpenFileMappingA(FILE_MAP_READ | FILE_MAP_WRITE, FALSE, sectionName);
     if (!section) return ravi::kEngineNoSection;
-    void* view = MapViewOfFile(section, FILE_MAP_WRITE, 0, 0, 0);
-    if (!view) {
+    void* mapped = MapViewOfFile(section, FILE_MAP_COPY, 0, 0, 0);
+    if (!mapped) {
         CloseHandle(section);
         return ravi::kEngineNoSection;
     }
-    std::size_t count = ViewBytes(view);
+    std::shared_ptr<void> view = KeepView(mapped);
+    unsigned char* bytes = static_cast<unsigned char*>(mapped);
+    std::size_t count = ViewBytes(mapped);
+    unsigned char header[sizeof(BITMAPINFOHEADER)] = {};
+    std::memcpy(header, bytes, count < sizeof header ? count : sizeof header);
 
     ravi::Image image;
     HENHMETAFILE emf = nullptr;
-    short code = PictureFromView(static_cast<const unsigned char*>(view), count, image, emf);
+    short code = PictureFromView(bytes, count, MadeByADocument(sectionName) ? nullptr : view, image, emf);
     if (code != 0) {
-        UnmapViewOfFile(view);
         CloseHandle(section);
         return code;
     }
@@ -197,10 +232,12 @@ short Dewey::ResurrectSection(const char* sectionName, const char* file)
     ravi::CloseSection(louie);
     LouieState& state = *louie->state;
     louie->section = section;
-    state.view = view;
+    state.view = std::move(view);
     state.viewBytes = count;
     lstrcpynA(state.sectionName, sectionName, sizeof state.sectionName);
     lstrcpynA(state.fileName, file ? file : "", sizeof state.fileName);
     ravi::ReplacePicture(state, std::move(image), emf);
+    // The picture is the section's unless reading it had to tidy its header.
+    state.sectionCurrent = emf || std::memcmp(state.raster.Data(), header, sizeof header) == 0;
     return 0;
 }

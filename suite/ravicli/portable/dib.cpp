@@ -120,10 +120,24 @@ short MakeImage(int32_t width, int32_t height, int bits, Image* out, bool clear)
     h.sizeImage = uint32_t(l.stride * size_t(height));
     std::memcpy(bytes.data(), &h, sizeof h);
     FillDefaultTable(reinterpret_cast<RgbQuad*>(bytes.data() + l.tableOffset), bits);
-    out->bytes_ = std::move(bytes);
-    out->layout_ = l;
+    out->Own(std::move(bytes), l);
     return kEngineOk;
 }
+
+namespace {
+
+// Says what every reader of our images expects: the table is always full
+// and the rows are counted.
+void NormaliseHeader(uint8_t* data, const DibLayout& l)
+{
+    DibHeader h;
+    std::memcpy(&h, data, sizeof h);
+    h.clrUsed = 0;
+    h.sizeImage = uint32_t(l.stride * size_t(l.height));
+    std::memcpy(data, &h, sizeof h);
+}
+
+}  // namespace
 
 short ImageFromDib(const uint8_t* data, size_t size, Image* out)
 {
@@ -131,16 +145,80 @@ short ImageFromDib(const uint8_t* data, size_t size, Image* out)
     short rc = ReadDibHeader(data, size, &l, nullptr);
     if (rc != kEngineOk)
         return rc;
+    Image::Bytes bytes;
     try {
-        out->bytes_.assign(data, data + l.totalBytes);
+        bytes.assign(data, data + l.totalBytes);
     } catch (...) {
         return kEngineNoMemory;
     }
-    out->layout_ = l;
-    // The table is always full here; say so, so that every reader agrees.
-    out->Header()->clrUsed = 0;
-    out->Header()->sizeImage = uint32_t(l.stride * size_t(l.height));
+    NormaliseHeader(bytes.data(), l);
+    out->Own(std::move(bytes), l);
     return kEngineOk;
+}
+
+short ImageOverDib(uint8_t* data, size_t size, std::shared_ptr<void> keeper, Image* out)
+{
+    DibLayout l;
+    short rc = ReadDibHeader(data, size, &l, nullptr);
+    if (rc != kEngineOk)
+        return rc;
+    NormaliseHeader(data, l);
+    out->owned_ = Image::Bytes();
+    out->data_ = data;
+    out->size_ = l.totalBytes;
+    out->keeper_ = std::move(keeper);
+    out->layout_ = l;
+    return kEngineOk;
+}
+
+void Image::Own(Bytes&& bytes, const DibLayout& layout)
+{
+    owned_ = std::move(bytes);
+    data_ = owned_.data();
+    size_ = owned_.size();
+    keeper_.reset();
+    layout_ = layout;
+}
+
+Image::Image(const Image& other)
+    : owned_(other.data_, other.data_ + other.size_), data_(owned_.data()), size_(other.size_),
+      layout_(other.layout_)
+{
+}
+
+Image::Image(Image&& other) noexcept
+    : owned_(std::move(other.owned_)), data_(other.data_), size_(other.size_), keeper_(std::move(other.keeper_)),
+      layout_(other.layout_)
+{
+    other.owned_.clear();
+    other.data_ = nullptr;
+    other.size_ = 0;
+    other.layout_ = DibLayout();
+}
+
+Image& Image::operator=(const Image& other)
+{
+    if (this != &other) {
+        Image copy(other);
+        *this = std::move(copy);
+    }
+    return *this;
+}
+
+Image& Image::operator=(Image&& other) noexcept
+{
+    if (this != &other) {
+        owned_ = std::move(other.owned_);
+        data_ = other.data_;
+        size_ = other.size_;
+        keeper_ = std::move(other.keeper_);
+        layout_ = other.layout_;
+        other.owned_ = Bytes();
+        other.data_ = nullptr;
+        other.size_ = 0;
+        other.layout_ = DibLayout();
+    }
+    return *this;
 }
 
 uint32_t Image::PixelValue(int32_t x, int32_t y) const

@@ -91,32 +91,41 @@ short ComputeDibLayout(int32_t width, int32_t height, int bits, DibLayout* out);
 // kEngineNoMemory. `header` may be null.
 short ReadDibHeader(const uint8_t* data, size_t size, DibLayout* out, DibHeader* header);
 
-// An image that owns its bytes: header, table and rows in one block, ready
-// to be copied into a section as it is.
+// An image: header, table and rows in one block, ready to be copied into a
+// section as it is. The block is its own, or one that it borrows together
+// with a keeper that holds the memory (a mapped view) alive for as long as
+// any image looks at it; the borrowed block is the image's to write. A copy
+// always owns its bytes, so no two images ever write the same memory.
 class Image {
 public:
     Image() = default;
+    Image(const Image& other);
+    Image(Image&& other) noexcept;
+    Image& operator=(const Image& other);
+    Image& operator=(Image&& other) noexcept;
+    ~Image() = default;
 
     int32_t Width() const { return layout_.width; }
     int32_t Height() const { return layout_.height; }
     int Bits() const { return layout_.bits; }
     uint32_t Colors() const { return layout_.colors; }
     size_t Stride() const { return layout_.stride; }
-    bool Empty() const { return bytes_.empty(); }
+    bool Empty() const { return size_ == 0; }
+    bool Borrowed() const { return keeper_ != nullptr; }
     const DibLayout& Layout() const { return layout_; }
 
     // Row y counted from the top of the picture (the DIB keeps it bottom-up).
-    uint8_t* Row(int32_t y) { return bytes_.data() + layout_.pixelOffset + size_t(layout_.height - 1 - y) * layout_.stride; }
-    const uint8_t* Row(int32_t y) const { return bytes_.data() + layout_.pixelOffset + size_t(layout_.height - 1 - y) * layout_.stride; }
-    RgbQuad* Table() { return reinterpret_cast<RgbQuad*>(bytes_.data() + layout_.tableOffset); }
-    const RgbQuad* Table() const { return reinterpret_cast<const RgbQuad*>(bytes_.data() + layout_.tableOffset); }
-    DibHeader* Header() { return reinterpret_cast<DibHeader*>(bytes_.data()); }
-    const DibHeader* Header() const { return reinterpret_cast<const DibHeader*>(bytes_.data()); }
+    uint8_t* Row(int32_t y) { return data_ + layout_.pixelOffset + size_t(layout_.height - 1 - y) * layout_.stride; }
+    const uint8_t* Row(int32_t y) const { return data_ + layout_.pixelOffset + size_t(layout_.height - 1 - y) * layout_.stride; }
+    RgbQuad* Table() { return reinterpret_cast<RgbQuad*>(data_ + layout_.tableOffset); }
+    const RgbQuad* Table() const { return reinterpret_cast<const RgbQuad*>(data_ + layout_.tableOffset); }
+    DibHeader* Header() { return reinterpret_cast<DibHeader*>(data_); }
+    const DibHeader* Header() const { return reinterpret_cast<const DibHeader*>(data_); }
 
     // The whole DIB.
-    const uint8_t* Data() const { return bytes_.data(); }
-    uint8_t* Data() { return bytes_.data(); }
-    size_t Size() const { return bytes_.size(); }
+    const uint8_t* Data() const { return data_; }
+    uint8_t* Data() { return data_; }
+    size_t Size() const { return size_; }
 
     // Pixel access for tests and slow paths: the colour at (x, y) from the
     // top as 0x00RRGGBB (through the table on palette images), and the raw
@@ -127,9 +136,16 @@ public:
 
     friend short MakeImage(int32_t, int32_t, int, Image*, bool);
     friend short ImageFromDib(const uint8_t*, size_t, Image*);
+    friend short ImageOverDib(uint8_t*, size_t, std::shared_ptr<void>, Image*);
 
 private:
-    std::vector<uint8_t, UninitAllocator<uint8_t>> bytes_;
+    using Bytes = std::vector<uint8_t, UninitAllocator<uint8_t>>;
+    void Own(Bytes&& bytes, const DibLayout& layout);
+
+    Bytes owned_;                   // empty while the bytes are borrowed
+    uint8_t* data_ = nullptr;       // owned_.data(), or the borrowed block
+    size_t size_ = 0;
+    std::shared_ptr<void> keeper_;  // set only while borrowing
     DibLayout layout_;
 };
 
@@ -142,6 +158,13 @@ short MakeImage(int32_t width, int32_t height, int bits, Image* out, bool clear 
 
 // A checked copy of a DIB held in a buffer (for example a mapped section).
 short ImageFromDib(const uint8_t* data, size_t size, Image* out);
+
+// The same checks, but the image keeps the buffer as its own storage instead
+// of copying it: for a buffer that no one else writes, such as a private
+// copy-on-write view of a section. `keeper` holds the buffer alive and is
+// released with the last image that looks at it. The header is brought to
+// the form ImageFromDib gives, in the buffer. `out` is untouched on failure.
+short ImageOverDib(uint8_t* data, size_t size, std::shared_ptr<void> keeper, Image* out);
 
 // Colours as the engine passes them: 0x00BBGGRR, red in the low byte (the
 // platform's COLORREF), and as the kernels compare them: 0x00RRGGBB.
