@@ -42,6 +42,10 @@ public:
     // A section that it only opened by name is never written: the view is a
     // private copy-on-write one, and a picture to store gets a new section.
     bool ownSection = false;
+    // The section was opened by name and another document made it, which
+    // writes its own next picture there: what it holds may have moved on
+    // from what this document read.
+    bool makerWrites = false;
     char sectionName[32] = {};
     char fileName[516] = {};
     char optionsPath[516] = {};

@@ -13,7 +13,11 @@
 // document made (one that it opened gets a new section of its own when a
 // changed picture is stored), and the sections that documents make, which
 // their makers do write in place, are copied when another document opens
-// them. What the document writes goes into private pages of its view.
+// them (and are not trusted to still hold its picture). What the document
+// writes goes into private pages of its view. A section handed to
+// ResurrectSection makes the document a view of it: whoever made it by
+// hand must not write it again while the document looks at it, as DoClone
+// doesn't.
 #include <cstdio>
 #include <cstring>
 #include <new>
@@ -105,6 +109,7 @@ void CloseSection(Louie* louie)
     if (louie->section) CloseHandle(louie->section);
     state.viewBytes = 0;
     state.ownSection = false;
+    state.makerWrites = false;
     louie->section = nullptr;
     state.sectionName[0] = 0;
 }
@@ -173,8 +178,9 @@ short Louie::SaveResurrectionData()
 {
     if (!state) return ravi::kEngineNoMemory;
     if (state->raster.Empty() && !state->emf) return ravi::kEngineNoImage;
-    // Nothing changed since the section last got the picture: it holds it.
-    if (state->sectionCurrent && section) return 0;
+    // Nothing changed since the section last got the picture, and no one
+    // else writes there: it still holds it.
+    if (state->sectionCurrent && section && !state->makerWrites) return 0;
     short code = ravi::StorePicture(this, state->raster, state->emf);
     if (code == 0) state->sectionCurrent = true;
     return code;
@@ -221,9 +227,10 @@ short Dewey::ResurrectSection(const char* sectionName, const char* file)
     unsigned char header[sizeof(BITMAPINFOHEADER)] = {};
     std::memcpy(header, bytes, count < sizeof header ? count : sizeof header);
 
+    bool makerWrites = MadeByADocument(sectionName);
     ravi::Image image;
     HENHMETAFILE emf = nullptr;
-    short code = PictureFromView(bytes, count, MadeByADocument(sectionName) ? nullptr : view, image, emf);
+    short code = PictureFromView(bytes, count, makerWrites ? nullptr : view, image, emf);
     if (code != 0) {
         CloseHandle(section);
         return code;
@@ -234,6 +241,7 @@ short Dewey::ResurrectSection(const char* sectionName, const char* file)
     louie->section = section;
     state.view = std::move(view);
     state.viewBytes = count;
+    state.makerWrites = makerWrites;
     lstrcpynA(state.sectionName, sectionName, sizeof state.sectionName);
     lstrcpynA(state.fileName, file ? file : "", sizeof state.fileName);
     ravi::ReplacePicture(state, std::move(image), emf);

@@ -52,6 +52,40 @@ TEST(DoClone, CopiesRasterImagesOfOneEightAndTwentyFourBits)
     }
 }
 
+TEST(DoClone, AClonesPictureIsItsOwnThroughChangesOnEitherSideAndFurtherClones)
+{
+    Dewey* source = coretest::PatternImage(64, 48, 24);
+    auto original = coretest::DibBytes(source);
+    Dewey* clone = new Dewey;
+    ASSERT_EQ(DoClone(source, &clone), 0);
+
+    // The source changes, stores its change and goes: the clone keeps its
+    // picture, and so does a clone of the clone.
+    ASSERT_EQ(source->Invert(), 0);
+    ASSERT_EQ(source->louie->SaveResurrectionData(), 0);
+    auto inverted = coretest::DibBytes(source);
+    delete source;
+    EXPECT_EQ(coretest::DibBytes(clone), original);
+    Dewey* second = new Dewey;
+    ASSERT_EQ(DoClone(clone, &second), 0);
+    EXPECT_EQ(coretest::DibBytes(second), original);
+
+    // The clone changes: a clone of it now carries the change, the earlier
+    // one doesn't, and the change can still be taken back.
+    ASSERT_EQ(clone->Invert(), 0);
+    Dewey* third = new Dewey;
+    ASSERT_EQ(DoClone(clone, &third), 0);
+    EXPECT_EQ(coretest::DibBytes(third), inverted);
+    EXPECT_EQ(coretest::DibBytes(second), original);
+    ASSERT_EQ(clone->UndoRedo(), 0);
+    EXPECT_EQ(coretest::DibBytes(clone), original);
+    Dewey* fourth = new Dewey;
+    ASSERT_EQ(DoClone(clone, &fourth), 0);
+    EXPECT_EQ(coretest::DibBytes(fourth), original);
+    EXPECT_EQ(coretest::DibBytes(third), inverted);
+    for (Dewey* d : {clone, second, third, fourth}) delete d;
+}
+
 TEST(DoClone, TakesTheNextFreeName)
 {
     HANDLE r0 = CreateFileMappingA(INVALID_HANDLE_VALUE, nullptr, PAGE_READWRITE, 0, 4096, "r0");

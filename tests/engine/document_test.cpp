@@ -174,6 +174,117 @@ TEST(Document, SharesAVectorPictureThroughItsSection)
     DeleteFileA(path.c_str());
 }
 
+// A section made by hand, as DoClone makes one, holding the document's DIB.
+HANDLE HandMadeSection(const char* name, Dewey& from)
+{
+    ravi::Image picture = Picture(from);
+    HANDLE section = CreateFileMappingA(INVALID_HANDLE_VALUE, nullptr, PAGE_READWRITE, 0, DWORD(picture.Size()), name);
+    void* view = MapViewOfFile(section, FILE_MAP_WRITE, 0, 0, 0);
+    std::memcpy(view, picture.Data(), picture.Size());
+    UnmapViewOfFile(view);
+    return section;
+}
+
+// The colour at (x, y) of the picture that a named section holds now.
+uint32_t SectionRgb(const char* name, int x, int y)
+{
+    Dewey reader;
+    if (reader.ResurrectSection(name, "") != 0) return 0xBAD;
+    return Rgb(reader, x, y);
+}
+
+TEST(Document, APictureReadFromASectionStaysItsOwn)
+{
+    Dewey source;
+    ASSERT_EQ(MakeQuadrants(source, 10, 10), 0);
+    HANDLE handed = HandMadeSection("RaviTestHanded", source);
+    Dewey* clone = new Dewey;
+    ASSERT_EQ(clone->ResurrectSection("RaviTestHanded", ""), 0);
+    Dewey second;
+    ASSERT_EQ(second.ResurrectSection("RaviTestHanded", ""), 0);
+    CloseHandle(handed);  // the maker lets go at once
+    EXPECT_EQ(Rgb(*clone, 9, 0), 0x00FF00u);
+
+    // Writing the pixels in hand leaves the section as it was until a store,
+    // which goes to a section of the document's own.
+    SetRgb(*clone, 0, 0, 0x123456);
+    EXPECT_EQ(SectionRgb("RaviTestHanded", 0, 0), 0xFF0000u);
+    ASSERT_EQ(clone->louie->SaveResurrectionData(), 0);
+    char name[32] = {};
+    clone->GetSectionName(name);
+    EXPECT_STRNE(name, "RaviTestHanded");
+    EXPECT_EQ(SectionRgb(name, 0, 0), 0x123456u);
+    EXPECT_EQ(SectionRgb("RaviTestHanded", 0, 0), 0xFF0000u);
+
+    // The second reader saw none of it; it outlives the first, and is
+    // changed, undone and redone.
+    delete clone;
+    EXPECT_EQ(Rgb(second, 0, 0), 0xFF0000u);
+    ASSERT_EQ(second.Invert(), 0);
+    EXPECT_EQ(Rgb(second, 0, 0), 0x00FFFFu);
+    ASSERT_EQ(second.UndoRedo(), 0);
+    EXPECT_EQ(Rgb(second, 0, 0), 0xFF0000u);
+    ASSERT_EQ(second.UndoRedo(), 0);
+    ASSERT_EQ(second.louie->SaveResurrectionData(), 0);
+    second.GetSectionName(name);
+    EXPECT_EQ(SectionRgb(name, 0, 0), 0x00FFFFu);
+}
+
+TEST(Document, StoresItsPictureOnlyWhenItChangedSinceTheLastStore)
+{
+    Dewey document;
+    ASSERT_EQ(MakeQuadrants(document, 10, 10), 0);
+    ASSERT_EQ(document.louie->SaveResurrectionData(), 0);
+    char name[32] = {};
+    document.GetSectionName(name);
+    // A mark made behind the document's back shows what was rewritten.
+    auto mark = [&] {
+        HANDLE section = OpenFileMappingA(FILE_MAP_WRITE, FALSE, name);
+        unsigned char* view = static_cast<unsigned char*>(MapViewOfFile(section, FILE_MAP_WRITE, 0, 0, 0));
+        view[40] = 0x77;  // blue of the bottom left pixel
+        UnmapViewOfFile(view);
+        CloseHandle(section);
+    };
+    auto marked = [&] { return SectionRgb(name, 0, 9) == 0x000077u; };
+
+    mark();
+    ASSERT_EQ(document.louie->SaveResurrectionData(), 0);
+    EXPECT_TRUE(marked()) << "unchanged: not written again";
+    for (auto change : {+[](Dewey& d) { return d.Invert(); }, +[](Dewey& d) { return d.UndoRedo(); },
+                        +[](Dewey& d) { return short(d.GetDib() ? 0 : 1); }}) {
+        mark();
+        ASSERT_EQ(change(document), 0);
+        ASSERT_EQ(document.louie->SaveResurrectionData(), 0);
+        EXPECT_FALSE(marked());
+    }
+    EXPECT_EQ(SectionRgb(name, 0, 9), 0x0000FFu);
+}
+
+TEST(Document, ASectionThatAnotherDocumentMadeIsCopiedAndNeverWritten)
+{
+    // Large enough that the rows lie on pages of their own.
+    Dewey maker;
+    ASSERT_EQ(MakeQuadrants(maker, 100, 100), 0);
+    ASSERT_EQ(maker.louie->SaveResurrectionData(), 0);
+    char made[32] = {};
+    maker.GetSectionName(made);
+    Dewey reader;
+    ASSERT_EQ(reader.ResurrectSection(made, ""), 0);
+
+    // The maker stores its next picture in place. The reader, unchanged,
+    // does not trust the section to hold its picture any more, and stores
+    // it in one of its own; it kept its picture all along.
+    SetRgb(maker, 0, 0, 0x123456);
+    ASSERT_EQ(maker.louie->SaveResurrectionData(), 0);
+    ASSERT_EQ(reader.louie->SaveResurrectionData(), 0);
+    char own[32] = {};
+    reader.GetSectionName(own);
+    EXPECT_STRNE(own, made);
+    EXPECT_EQ(SectionRgb(own, 0, 0), 0xFF0000u);
+    EXPECT_EQ(SectionRgb(made, 0, 0), 0x123456u);
+    EXPECT_EQ(Rgb(reader, 0, 0), 0xFF0000u);
+}
+
 // The child half of the test below: run as its own process, it opens the
 // section named in the environment and answers through its exit code.
 TEST(Document, ChildReadsSectionOfAnotherProcess)

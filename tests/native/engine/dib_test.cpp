@@ -1,4 +1,5 @@
 #include <cstring>
+#include <memory>
 #include <vector>
 
 #include "engine_codes.h"
@@ -91,4 +92,41 @@ TEST(EngineCodes, EveryCodeHasTextAndAvoidsTheOthersCodes)
             EXPECT_NE(code, kEngineCodeTable[j].code);
     }
     EXPECT_EQ(EngineCodeText(-1), nullptr);
+}
+
+TEST(Dib, ABorrowedBufferStaysAliveWhileAnImageLooksAtItAndCopiesAreTheirOwn)
+{
+    std::vector<uint8_t> bytes = DibBytes(6, 3, 24);
+    uint32_t sizeImage = 1;  // a header that readers tidy up
+    Patch(bytes, 20, &sizeImage, 4);
+    std::weak_ptr<void> watch;
+    {
+        auto keeper = std::make_shared<int>(0);
+        watch = keeper;
+        Image image;
+        EXPECT_EQ(ImageOverDib(bytes.data(), bytes.size() - 1, keeper, &image), kEngineTruncated);
+        EXPECT_TRUE(image.Empty());
+        ASSERT_EQ(ImageOverDib(bytes.data(), bytes.size(), keeper, &image), 0);
+        keeper.reset();
+        EXPECT_EQ(image.Data(), bytes.data()) << "no copy of the rows";
+        EXPECT_EQ(image.Header()->sizeImage, 3u * 20u);
+
+        // A copy owns its bytes: writing either leaves the other alone.
+        Image copy = image;
+        EXPECT_FALSE(copy.Borrowed());
+        copy.SetPixelValue(0, 0, 0x123456);
+        image.SetPixelValue(1, 0, 0x654321);
+        EXPECT_EQ(image.PixelValue(0, 0), 0u);
+        EXPECT_EQ(copy.PixelValue(1, 0), 0u);
+        EXPECT_EQ(Image(copy).PixelValue(0, 0), 0x123456u);
+
+        // Moved on, the buffer goes with the image; let go, it is released.
+        Image moved = std::move(image);
+        EXPECT_TRUE(image.Empty());
+        EXPECT_TRUE(moved.Borrowed());
+        EXPECT_FALSE(watch.expired());
+        moved = std::move(copy);
+        EXPECT_TRUE(watch.expired());
+        EXPECT_EQ(moved.PixelValue(0, 0), 0x123456u);
+    }
 }
