@@ -98,14 +98,16 @@ DWORD StartFilterIndex(OKAMOD* formats, char** filterList, const char* ext, bool
     return index;
 }
 
-void StoreOutcome(OptionContext* options, char* path)
+// srcType is the caller's: a source of type 0 took its start from the
+// raster default, but its outcome is kept apart from the raster sources'.
+void StoreOutcome(OptionContext* options, short srcType, char* path)
 {
     PathParts parts;
     SplitPath(options->savePath, parts);
     ZvSetGlobalTag(options->tags, "SAVEDIR", parts.dir);
-    const char* typeTag = options->srcType == 1 || options->srcType == 5   ? "RDESTTYPE"
-                          : options->srcType == 2 || options->srcType == 3 ? "VDESTTYPE"
-                                                                           : "EDESTTYPE";
+    const char* typeTag = srcType == 1 || srcType == 5   ? "RDESTTYPE"
+                          : srcType == 2 || srcType == 3 ? "VDESTTYPE"
+                                                         : "EDESTTYPE";
     ZvSetGlobalTag(options->tags, typeTag, parts.ext);
     ComposePath(parts, path, kFileBuffer);
     SetDestination(parts.ext);
@@ -161,7 +163,7 @@ extern "C" ZVOPT32_API int DoSaveDlg(HWND owner, TagSet* tags, char* appTitle, c
             LibraryFolder(parts.dir);
     }
     if (parts.ext[0] == '\0')
-        DefaultExtension(options->tags, options->srcType, parts.ext);
+        DefaultExtension(options->tags, srcType, parts.ext);
     if (parts.name[0] == '\0')
         zv::CopyBounded(parts.name, "*");
 
@@ -208,7 +210,7 @@ extern "C" ZVOPT32_API int DoSaveDlg(HWND owner, TagSet* tags, char* appTitle, c
 
     BOOL accepted = GetSaveFileNameA(&ofn);
     if (accepted)
-        StoreOutcome(options, path);
+        StoreOutcome(options, srcType, path);
 
     ZvDeleteFilterList(options->formats, options->filterList);
     options->filterList = nullptr;

@@ -271,6 +271,24 @@ TEST(SaveAccept, AVectorSourceStoresItsTypeTag)
     EXPECT_EQ(Tag(road.tags, "RDESTTYPE"), "<none>");
 }
 
+TEST(SaveAccept, ASourceOfTypeZeroStartsFromTheRasterDefaultButStoresItsOwnTag)
+{
+    SaveRoad road;
+    ZvSetTag(road.tags, "RDESTTYPE", "PCX");
+    DialogDriver d;
+    ExpectName(OpenSave(d), "*.PCX");
+    d.Do([](HWND dialog) {
+        SendDlgItemMessageA(dialog, kTypeList, CB_SETCURSEL, TypeIndexOf(dialog, "GIF"), 0);
+        SendMessageA(dialog, WM_COMMAND, MAKEWPARAM(kTypeList, CBN_SELENDOK),
+                     reinterpret_cast<LPARAM>(GetDlgItem(dialog, kTypeList)));
+    });
+    ExpectName(d, "*.GIF").PressOk();
+    EXPECT_NE(road.Save(d, "BMP", 0), 0);
+    EXPECT_FALSE(d.Failed());
+    EXPECT_EQ(Tag(road.tags, "EDESTTYPE"), "GIF");
+    EXPECT_EQ(Tag(road.tags, "RDESTTYPE"), "PCX");
+}
+
 TEST(SaveAccept, A256CharacterPathPassesAnd257AreRefused)
 {
     std::string folder = TempFolder();
@@ -420,6 +438,46 @@ TEST(SaveHelp, HelpButtonAndControlsOpenTheirTopics)
     EXPECT_EQ(calls[0].command, static_cast<UINT>(HELP_WM_HELP));
     EXPECT_EQ(calls[0].idPairs, (std::vector<DWORD>{1036, 1041, 1037, 1028, 1052, 1067}));
     EXPECT_EQ(calls[1].command, static_cast<UINT>(HELP_CONTEXTMENU));
+}
+
+// The system dialog's Help button tells the hook with CDN_HELP; the Wine we
+// run on leaves that button without an action, so the test sends the hook
+// the notification that the system would send.
+void NotifyHelp(HWND dialog)
+{
+    HWND child = GetParent(DialogDriver::FindControl(dialog, kOptions));
+    OFNOTIFYA notice = {};
+    notice.hdr.hwndFrom = dialog;
+    notice.hdr.code = CDN_HELP;
+    SendMessageA(child, WM_NOTIFY, 0, reinterpret_cast<LPARAM>(&notice));
+}
+
+TEST(SaveHelp, AfterTheOptionsButtonHelpComesFromTheLibrarysHelpFile)
+{
+    std::string own = TempFolder() + "\\host.hlp";
+    HANDLE file = CreateFileA(own.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS, 0, nullptr);
+    ASSERT_NE(file, INVALID_HANDLE_VALUE);
+    CloseHandle(file);
+    SaveRoad road;
+    DialogDriver d;
+    OpenSave(d).Do(NotifyHelp);
+    TypeName(d, "photo.pcx");
+    d.Click(kOptions).WaitWindow("PCX Processing Options");
+    // The sheet is entered with no help file of its own.
+    CancelSheet(d).WaitWindow(kCaption).WaitControl(kTypeList).Do(NotifyHelp).PressCancel();
+    d.Run([&] {
+        return static_cast<INT_PTR>(DoSaveDlg(nullptr, road.tags, const_cast<char*>("Zavrin"),
+                                              const_cast<char*>(own.c_str()), road.formats,
+                                              const_cast<char*>("BMP"), road.path, nullptr,
+                                              const_cast<char*>(kCaption), nullptr, 1));
+    });
+    EXPECT_FALSE(d.Failed());
+    auto& calls = road.recorder.helpCalls;
+    ASSERT_EQ(calls.size(), 2u);
+    EXPECT_EQ(calls[0].file, own);
+    EXPECT_EQ(calls[0].data, 1036u);
+    EXPECT_EQ(calls[1].file, LibraryFolder() + "\\ZAVRIN.HLP");
+    DeleteFileA(own.c_str());
 }
 
 TEST(SaveGuard, ASecondEntryWhileOneRunsBeeps)
