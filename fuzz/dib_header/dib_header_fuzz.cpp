@@ -1,10 +1,22 @@
 // Any bytes as a DIB, as a damaged section would hand them in: the header
 // check must refuse what does not fit, and every kernel must then run on
 // what it accepted without reading past it.
+#include <memory>
+#include <vector>
+
 #include "raster_kernels.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size)
 {
+    // The same bytes as a view that a picture keeps as its storage: the
+    // kernels then write into exactly the buffer the check accepted.
+    std::vector<uint8_t> view(data, data + size);
+    ravi::Image borrowed;
+    if (ravi::ImageOverDib(view.data(), view.size(), std::make_shared<int>(0), &borrowed) == 0) {
+        ravi::Invert(borrowed);
+        ravi::ChangeColor(borrowed, 0xFFFFFF, 0x123456);
+    }
+
     ravi::Image image;
     if (ravi::ImageFromDib(data, size, &image) != 0)
         return 0;
