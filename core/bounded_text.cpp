@@ -16,8 +16,14 @@ std::size_t CopyBounded(char* dst, std::size_t size, const char* src)
 {
     if (dst == nullptr || size == 0)
         return 0;
-    dst[0] = '\0';
-    return AppendBounded(dst, size, src);
+    // A record's own field may come back as the source (a caller hands the
+    // context's text to a routine that copies it into the same field), so
+    // the source may overlap the buffer: move, don't empty first.
+    std::size_t n = src != nullptr ? LengthWithin(src, size - 1) : 0;
+    if (n != 0 && dst != src)
+        std::memmove(dst, src, n);
+    dst[n] = '\0';
+    return n;
 }
 
 std::size_t AppendBoundedN(char* dst, std::size_t size, const char* src, std::size_t count)

@@ -42,3 +42,13 @@ TEST(BoundedText, FitsInCountsTheTerminator)
     EXPECT_FALSE(zv::FitsIn(3, "abc"));
     EXPECT_FALSE(zv::FitsIn(0, ""));
 }
+
+TEST(BoundedText, ACopyFromTheBufferItselfKeepsTheText)
+{
+    char field[8] = "BMP";
+    EXPECT_EQ(CopyBounded(field, field), 3u);
+    EXPECT_STREQ(field, "BMP");
+    char path[8] = "C:\\a.gi";
+    EXPECT_EQ(CopyBounded(path, path + 3), 4u);  // the tail of the same buffer
+    EXPECT_STREQ(path, "a.gi");
+}
