@@ -37,11 +37,11 @@ short ListTag(TagAccess& tags, ListSource& lists, const char* prefix, const char
     return static_cast<short>(index < 0 ? 0 : index);
 }
 
-short IntTag(TagAccess& tags, const char* prefix, const char* name)
+int IntTag(TagAccess& tags, const char* prefix, const char* name)
 {
     char key[kKeySize];
     TraceMakeTag(tags, prefix, name, key);
-    return static_cast<short>(tags.GetInt(key));
+    return tags.GetInt(key);
 }
 
 short SwitchTag(TagAccess& tags, const char* prefix, const char* name)
@@ -73,13 +73,15 @@ short TraceGetDespec(TagAccess& tags, ListSource& lists, const char* prefix)
 
 short TraceGetMaxColors(TagAccess& tags, const char* prefix)
 {
-    short colors = IntTag(tags, prefix, "MAXCOLORS");
-    return colors == 0 ? 16 : colors;
+    // The default stands in for a tag that reads as 0, not for whatever
+    // happens to narrow to 0.
+    int colors = IntTag(tags, prefix, "MAXCOLORS");
+    return static_cast<short>(colors == 0 ? 16 : colors);
 }
 
 short TraceGetGenTol(TagAccess& tags, const char* prefix)
 {
-    return IntTag(tags, prefix, "GENTOL");
+    return static_cast<short>(IntTag(tags, prefix, "GENTOL"));
 }
 
 short TraceGetBezGen(TagAccess& tags, const char* prefix)
@@ -94,7 +96,7 @@ short TraceGetArcGen(TagAccess& tags, const char* prefix)
 
 short TraceGetLineWidth(TagAccess& tags, const char* prefix)
 {
-    return IntTag(tags, prefix, "R2VFW");
+    return static_cast<short>(IntTag(tags, prefix, "R2VFW"));
 }
 
 // ------------------------------------------------------------ the script

@@ -191,6 +191,13 @@ TEST(TraceNumbers, DefaultsAndUnknownValues)
     zvtest::MemoryTags tags{{"BMPWMFOTLUNDITHER", "9x9"}};
     zvtest::TraceLists lists;
     EXPECT_EQ(zv::TraceGetMaxColors(tags, "BMPWMF"), 16);
+    // Only a tag that reads as 0 gets the default; a count that merely
+    // narrows to 0 in the short result is passed on as it narrows.
+    tags.tags["BMPWMFMAXCOLORS"] = "65536";
+    EXPECT_EQ(zv::TraceGetMaxColors(tags, "BMPWMF"), 0);
+    tags.tags["BMPWMFMAXCOLORS"] = "0";
+    EXPECT_EQ(zv::TraceGetMaxColors(tags, "BMPWMF"), 16);
+    tags.tags.erase("BMPWMFMAXCOLORS");
     EXPECT_EQ(zv::TraceGetMethod(tags, "BMPWMF"), 0);
     tags.tags["BMPWMFTRACE"] = "ctr";
     EXPECT_EQ(zv::TraceGetMethod(tags, "BMPWMF"), 1);
