@@ -18,7 +18,7 @@ FormatTable SuiteTable()
     return zvfmt::ParseFormatTable(text.str());
 }
 
-TEST(FormatTable, TheSuiteTableReadsCleanAndHoldsTheFlavoursHostsName)
+TEST(FormatTable, TheSuiteTableReadsCleanWithItsFlavours)
 {
     FormatTable table = SuiteTable();
     for (const std::string& error : table.errors) ADD_FAILURE() << error;
@@ -28,10 +28,8 @@ TEST(FormatTable, TheSuiteTableReadsCleanAndHoldsTheFlavoursHostsName)
             if (f == flavour) return true;
         return false;
     };
-    for (const char* f : {"Windows 3", "No Header", "Scalable", "Doc to Help"}) EXPECT_TRUE(has("BMP", f)) << f;
-    for (const char* f : {"WPDOS", "WPWIN"}) EXPECT_TRUE(has("WPG", f)) << f;
-    for (const char* f : {"Pagemaker", "Arts and Letters", "Ventura"}) EXPECT_TRUE(has("WMF", f)) << f;
-    for (const char* f : {"Freelance", "Harvard Graphics", "Pagemaker PC"}) EXPECT_TRUE(has("CGM", f)) << f;
+    // Names with spaces, digits and brackets survive the table's syntax.
+    EXPECT_TRUE(has("BMP", "Doc to Help"));
     EXPECT_TRUE(has("TIF", "Pagemaker 3.0 (Windows)"));
 }
 
