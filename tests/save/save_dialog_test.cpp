@@ -243,6 +243,28 @@ TEST(SaveAccept, ANameWhoseExtensionIsNoFormatKeepsItAndGainsTheTypes)
     EXPECT_EQ(Tag(road.tags, "EDESTTYPE"), "<none>");
 }
 
+TEST(SaveAccept, AnExistingFileIsAskedAboutAndTheWarningsBoxIsStoredAtOk)
+{
+    std::string existing = TempFolder() + "\\kept.gif";
+    HANDLE file = CreateFileA(existing.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS, 0, nullptr);
+    ASSERT_NE(file, INVALID_HANDLE_VALUE);
+    CloseHandle(file);
+    SaveRoad road;
+    ZvSetTag(road.tags, "SHOWWARNINGS", "ON");
+    lstrcpynA(road.path, existing.c_str(), sizeof road.path);
+    DialogDriver d;
+    OpenSave(d).SetCheck(kWarnings, false).PressOk();
+    // "OWNOTIFY" is "ON" from the start: the system asks before replacing.
+    std::string asked;
+    d.AnswerMessageBox(IDYES, "already exists", &asked);
+    EXPECT_NE(road.Save(d, "BMP", 1, "Zavrin PRO"), 0);
+    EXPECT_FALSE(d.Failed());
+    EXPECT_FALSE(asked.empty());
+    EXPECT_EQ(std::string(road.path), existing);
+    EXPECT_EQ(Tag(road.tags, "SHOWWARNINGS"), "OFF");
+    DeleteFileA(existing.c_str());
+}
+
 TEST(SaveAccept, AVectorSourceStoresItsTypeTag)
 {
     SaveRoad road;
