@@ -80,10 +80,6 @@ TEST(CapSection, OpensTheNamedSectionAndTellsTheOwnerWithItsId)
     {
         CapSection cap(text.data());
         ASSERT_NE(cap.view, nullptr);
-        ASSERT_NE(cap.mapping, nullptr);
-        EXPECT_EQ(cap.id, 0x2Au);
-        EXPECT_EQ(cap.owner, owner.window);
-        EXPECT_STREQ(cap.name, "ZvCapSectionTestA");
         ASSERT_NE(cap.wideName, nullptr);
         EXPECT_EQ(std::wstring(cap.wideName), L"ZvCapSectionTestA");
         EXPECT_EQ(TakeReleaseMessage(owner.window), -1);
@@ -99,7 +95,6 @@ TEST(CapSection, AMissingSectionStillTellsALiveOwnerButNoOneElse)
     {
         CapSection cap(text.data());
         EXPECT_EQ(cap.view, nullptr);
-        EXPECT_EQ(cap.mapping, nullptr);
     }
     EXPECT_EQ(TakeReleaseMessage(owner.window), 7);
 

@@ -113,17 +113,6 @@ TEST_F(Conversion, ResizeAsTheDestinationsSizeTagsAsk)
     ASSERT_EQ(DoOptions(image, tags.tags, "BMP", "TIF", formats), 0);
     ASSERT_EQ(expected->Resize(newWidth, newHeight, 1), 0);
     EXPECT_EQ(coretest::DibBytes(image), coretest::DibBytes(expected));
-
-    // A printer sizes the image itself: the same tags under PRN do nothing.
-    Dewey* printed = coretest::PatternImage(64, 48, 24);
-    tags.Set("PRNW", "32");
-    tags.Set("PRNH", "24");
-    tags.Set("PRNUNITS", "PIX");
-    ASSERT_EQ(DoOptions(printed, tags.tags, "BMP", "prn", formats), 0);
-    long width = 0;
-    printed->GetInfo(&width, nullptr, nullptr, nullptr, nullptr);
-    EXPECT_EQ(width, 64);
-    delete printed;
 }
 
 TEST_F(Conversion, AnEngineRefusalComesBackAndTheFileStillGoes)

@@ -3,7 +3,6 @@
 // lies about its contents.
 #include <gtest/gtest.h>
 
-#include <cstddef>
 #include <cstdlib>
 #include <cstring>
 
@@ -14,32 +13,11 @@ using namespace enginetest;
 
 namespace {
 
-TEST(Document, MakesWhiteRastersOfEveryDepth)
-{
-    for (short bits : {1, 4, 8, 24, 32}) {
-        Dewey document;
-        ASSERT_EQ(document.CreateRaster(21, 7, bits), 0) << bits;
-        long w = 0, h = 0;
-        short xRes = -1, bpp = 0;
-        EXPECT_EQ(document.GetInfo(&w, &h, &xRes, nullptr, &bpp), 0);
-        EXPECT_EQ(w, 21);
-        EXPECT_EQ(h, 7);
-        EXPECT_EQ(xRes, 0) << "no resolution is known";
-        EXPECT_EQ(bpp, bits);
-        EXPECT_TRUE(document.IsRaster());
-        EXPECT_EQ(Rgb(document, 0, 0), 0xFFFFFFu) << bits;
-        EXPECT_EQ(Rgb(document, 20, 6), 0xFFFFFFu) << bits;
-        EXPECT_NE(document.louie->section, nullptr);
-        char name[32] = {};
-        EXPECT_EQ(document.GetSectionName(name), 0);
-        EXPECT_NE(name[0], 0);
-    }
-}
-
 TEST(Document, RefusesBadSizesAndDepthsAndKeepsItsPicture)
 {
     Dewey document;
     ASSERT_EQ(document.CreateRaster(5, 5, 8), 0);
+    EXPECT_EQ(Rgb(document, 4, 4), 0xFFFFFFu) << "a new raster is white";
     EXPECT_EQ(document.CreateRaster(0, 5, 8), ravi::kEngineBadSize);
     EXPECT_EQ(document.CreateRaster(5, -3, 8), ravi::kEngineBadSize);
     EXPECT_EQ(document.CreateRaster(5, 5, 16), ravi::kEngineBadDepth);
@@ -174,76 +152,12 @@ TEST(Document, SharesAVectorPictureThroughItsSection)
     DeleteFileA(path.c_str());
 }
 
-// A section made by hand, as DoClone makes one, holding the document's DIB.
-HANDLE HandMadeSection(const char* name, Dewey& from)
-{
-    ravi::Image picture = Picture(from);
-    HANDLE section = CreateFileMappingA(INVALID_HANDLE_VALUE, nullptr, PAGE_READWRITE, 0, DWORD(picture.Size()), name);
-    void* view = MapViewOfFile(section, FILE_MAP_WRITE, 0, 0, 0);
-    std::memcpy(view, picture.Data(), picture.Size());
-    UnmapViewOfFile(view);
-    return section;
-}
-
 // The colour at (x, y) of the picture that a named section holds now.
 uint32_t SectionRgb(const char* name, int x, int y)
 {
     Dewey reader;
     if (reader.ResurrectSection(name, "") != 0) return 0xBAD;
     return Rgb(reader, x, y);
-}
-
-TEST(Document, APictureReadFromASectionStaysItsOwn)
-{
-    Dewey source;
-    ASSERT_EQ(MakeQuadrants(source, 10, 10), 0);
-    HANDLE handed = HandMadeSection("RaviTestHanded", source);
-    Dewey clone, second;
-    ASSERT_EQ(clone.ResurrectSection("RaviTestHanded", ""), 0);
-    ASSERT_EQ(second.ResurrectSection("RaviTestHanded", ""), 0);
-    CloseHandle(handed);  // the maker lets go at once
-
-    // Pixels written in hand reach neither the section nor its other reader;
-    // a store puts them in a section of the document's own.
-    SetRgb(clone, 0, 0, 0x123456);
-    EXPECT_EQ(SectionRgb("RaviTestHanded", 0, 0), 0xFF0000u);
-    EXPECT_EQ(Rgb(second, 0, 0), 0xFF0000u);
-    ASSERT_EQ(clone.louie->SaveResurrectionData(), 0);
-    char name[32] = {};
-    clone.GetSectionName(name);
-    EXPECT_STRNE(name, "RaviTestHanded");
-    EXPECT_EQ(SectionRgb(name, 0, 0), 0x123456u);
-    EXPECT_EQ(SectionRgb("RaviTestHanded", 0, 0), 0xFF0000u);
-}
-
-TEST(Document, StoresItsPictureOnlyWhenItChangedSinceTheLastStore)
-{
-    Dewey document;
-    ASSERT_EQ(MakeQuadrants(document, 10, 10), 0);
-    ASSERT_EQ(document.louie->SaveResurrectionData(), 0);
-    char name[32] = {};
-    document.GetSectionName(name);
-    // A mark made behind the document's back shows what was rewritten.
-    auto mark = [&] {
-        HANDLE section = OpenFileMappingA(FILE_MAP_WRITE, FALSE, name);
-        unsigned char* view = static_cast<unsigned char*>(MapViewOfFile(section, FILE_MAP_WRITE, 0, 0, 0));
-        view[40] = 0x77;  // blue of the bottom left pixel
-        UnmapViewOfFile(view);
-        CloseHandle(section);
-    };
-    auto marked = [&] { return SectionRgb(name, 0, 9) == 0x000077u; };
-
-    mark();
-    ASSERT_EQ(document.louie->SaveResurrectionData(), 0);
-    EXPECT_TRUE(marked()) << "unchanged: not written again";
-    for (auto change : {+[](Dewey& d) { return d.Invert(); }, +[](Dewey& d) { return d.UndoRedo(); },
-                        +[](Dewey& d) { return short(d.GetDib() ? 0 : 1); }}) {
-        mark();
-        ASSERT_EQ(change(document), 0);
-        ASSERT_EQ(document.louie->SaveResurrectionData(), 0);
-        EXPECT_FALSE(marked());
-    }
-    EXPECT_EQ(SectionRgb(name, 0, 9), 0x0000FFu);
 }
 
 TEST(Document, ASectionThatAnotherDocumentMadeIsCopiedAndNeverWritten)
@@ -291,18 +205,6 @@ TEST(Document, OpensSectionMadeByAnotherProcess)
     char name[32] = {};
     document.GetSectionName(name);
     EXPECT_EQ(zvtest::RunThisProgram("Document.ChildReadsSectionOfAnotherProcess", "RAVI_TEST_SECTION", name), 42u);
-}
-
-TEST(Document, LouieKeepsItsSectionWhereHostsReadIt)
-{
-    // Hosts read the handle at a fixed place; in the 32-bit build that is
-    // byte 224, checked at compile time in the header.
-    EXPECT_EQ(offsetof(Louie, section), 224u);
-    Dewey document;
-    ASSERT_EQ(document.CreateRaster(2, 2, 8), 0);
-    HANDLE read = *reinterpret_cast<HANDLE*>(reinterpret_cast<char*>(document.louie) + 224);
-    EXPECT_EQ(read, document.louie->section);
-    EXPECT_EQ(static_cast<void*>(document.louie), *reinterpret_cast<void**>(&document));
 }
 
 }  // namespace

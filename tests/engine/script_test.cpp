@@ -66,18 +66,6 @@ TEST(Script, StopsAtABadLineWithoutRunningIt)
     }
 }
 
-TEST(Script, ReduceLineTakesAColourCountAndTracingAnswersItsCode)
-{
-    Dewey document;
-    ASSERT_EQ(MakeQuadrants(document, 16, 16), 0);
-    ASSERT_EQ(RunScript(document, "Reduce 8 2 256 4234\n\r"), 0);
-    short bits = 0;
-    document.GetInfo(nullptr, nullptr, nullptr, nullptr, &bits);
-    EXPECT_EQ(bits, 8);
-    EXPECT_EQ(Rgb(document, 0, 0), 0xFF0000u);
-    EXPECT_EQ(RunScript(document, "PrepRaster 0 0 16\n\rVectorize 0 1 0 0 1 0\n\r"), kRavicliNotAvailable);
-}
-
 TEST(Script, EmptyFileChangesNothingAndAMissingOneIsAnError)
 {
     Dewey document;

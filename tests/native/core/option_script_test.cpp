@@ -32,19 +32,15 @@ TEST(OptionScript, WorkedExampleByteForByte)
     EXPECT_EQ(host.pieces[7], "\n\r");
 }
 
-TEST(OptionScript, NoTagsOnARasterImageGivesAnEmptyScript)
+TEST(OptionScript, NoTagsGiveNoWritesAndTheFileErrorIsTheResult)
 {
     FakeScriptHost host;
     EXPECT_EQ(Script(host), "");
     EXPECT_TRUE(host.pieces.empty());
-}
-
-TEST(OptionScript, TheFileErrorIsTheResult)
-{
-    FakeScriptHost host;
-    host.tags.tags = {{"BMPTIFINV", "on"}};
-    host.error = -3;
-    EXPECT_EQ(Script(host), "Invert\n\r");
+    FakeScriptHost failing;
+    failing.tags.tags = {{"BMPTIFINV", "on"}};
+    failing.error = -3;
+    EXPECT_EQ(Script(failing), "Invert\n\r");
 }
 
 TEST(OptionScript, ColourWorkInItsOrder)
@@ -64,9 +60,9 @@ TEST(OptionScript, CogIsTestedByItsFirstLetterWithCase)
     FakeScriptHost host;
     host.tags.tags = {{"BMPTIFCOG", "b"}};
     EXPECT_EQ(Script(host), "");
-    FakeScriptHost gray;
-    gray.tags.tags = {{"BMPTIFCOG", "Gray"}};
-    EXPECT_EQ(Script(gray), "Grayize\n\r");
+    host.tags.tags = {{"BMPTIFCOG", "Gray"}};
+    host.pieces.clear();
+    EXPECT_EQ(Script(host), "Grayize\n\r");
 }
 
 TEST(OptionScript, RotationCountsTheOtherWayAndOnlyUnderTheDestination)
@@ -163,8 +159,6 @@ TEST(OptionScript, TraceLinesOnlyFromRasterToVector)
     FakeScriptHost toMeta;
     toMeta.tags.tags = {{"WMFRVFORCE", "R"}};
     EXPECT_EQ(Script(toMeta, "BMP", "WMF"), "");
-    FakeScriptHost noForce;
-    EXPECT_EQ(Script(noForce, "BMP", "WMF"), "");
     FakeScriptHost vector;
     vector.raster = 0;
     EXPECT_EQ(Script(vector, "CGM", "DXF"), "");

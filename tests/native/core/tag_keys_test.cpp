@@ -7,17 +7,6 @@
 
 namespace {
 
-TEST(TagKeys, FormsJoinTheirPartsWithNothingBetween)
-{
-    char key[zv::kKeySize];
-    EXPECT_TRUE(zv::MakeConversionKey(key, "BMP", "~~~", "CONTRAST"));
-    EXPECT_STREQ(key, "BMP~~~CONTRAST");
-    zv::MakeDestinationKey(key, "CLP", "ROT");
-    EXPECT_STREQ(key, "CLPROT");
-    zv::MakeTraceKey(key, "BMP", "WMF", "CTR", "GENTOL");
-    EXPECT_STREQ(key, "BMPWMFCTRGENTOL");
-}
-
 TEST(TagKeys, LongKeysAreCutAt63AndSaySo)
 {
     char key[zv::kKeySize + 8];
@@ -30,17 +19,6 @@ TEST(TagKeys, LongKeysAreCutAt63AndSaySo)
     std::string exact(57, 'X');
     EXPECT_TRUE(zv::MakeKey(inner, "BMP", "TIF", exact.c_str()));
     EXPECT_EQ(std::strlen(inner), 63u);
-}
-
-TEST(TagKeys, OnlyOnInAnyCaseIsOn)
-{
-    EXPECT_TRUE(zv::IsOn("ON"));
-    EXPECT_TRUE(zv::IsOn("on"));
-    EXPECT_TRUE(zv::IsOn("oN"));
-    EXPECT_FALSE(zv::IsOn("1"));
-    EXPECT_FALSE(zv::IsOn("ONE"));
-    EXPECT_FALSE(zv::IsOn(""));
-    EXPECT_FALSE(zv::IsOn(nullptr));
 }
 
 TEST(TagKeys, ListPositionFindsWholeItemsOnly)

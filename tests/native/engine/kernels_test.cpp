@@ -4,7 +4,6 @@
 #include "raster_kernels.h"
 
 using namespace ravi;
-using test::FillRgb;
 using test::MakeOrDie;
 
 namespace {
@@ -129,10 +128,3 @@ TEST(Kernels, ChangeColorTakesRedInTheLowByte)
     }
 }
 
-TEST(Kernels, EmptyImageIsRefused)
-{
-    Image none;
-    EXPECT_EQ(Invert(none), kEngineNoImage);
-    EXPECT_EQ(Rotate(none, 90, 0, 0), kEngineNoImage);
-    EXPECT_EQ(Reduce(none, ReduceParams{}), kEngineNoImage);
-}

@@ -127,15 +127,3 @@ TEST(Reduce, HalftoneCellFollowsTheScreen)
     }
 }
 
-TEST(Reduce, PaletteImagesConvertOnTheWay)
-{
-    for (int bits : test::kDepths) {
-        Image image = MakeOrDie(16, 16, bits);
-        FillRgb(image, 0xFFFFFF);
-        ASSERT_EQ(Reduce(image, ReduceParamsFromScript(4, kReduceDiffuse, 0, 0)), 0);
-        EXPECT_EQ(image.Bits(), 4);
-        EXPECT_EQ(image.PixelRgb(3, 3), 0xFFFFFFu) << bits;
-        ASSERT_EQ(ConvertDepth(image, 1), 0);
-        EXPECT_EQ(image.PixelRgb(3, 3), 0xFFFFFFu) << bits;
-    }
-}
