@@ -286,8 +286,8 @@ TEST_F(OutputPages, CompressIsOfferedOnlyWhereTheFormatCompresses)
 
 TEST_F(OutputPages, HelpOpensTheTopicOfTheOutputPagesAndAClickTheControlsOwn)
 {
-    d.WaitControl(IDC_OUT_WIDTH).SendHelp(IDC_OUT_WIDTH).PressHelp().ContextMenu(IDC_OUT_SMOOTH).Pause(200);
-    d.PressCancel();
+    d.WaitControl(IDC_OUT_WIDTH).SendHelp(IDC_OUT_WIDTH).PressHelp().ContextMenu(IDC_OUT_SMOOTH);
+    d.WaitUntil("three help calls", [this] { return seams.helpCalls.size() == 3; }).PressCancel();
     EXPECT_EQ(Run(kRaster, "BMP", 2), 0);
     ASSERT_EQ(seams.helpCalls.size(), 3u);
     for (int i : {0, 1}) {

@@ -20,20 +20,12 @@ protected:
         window_ = CreateWindowExA(WS_EX_TOPMOST, "RaviViewTest", "", WS_POPUP | WS_VISIBLE, 50, 50, 200, 100, nullptr,
                                   nullptr, GetModuleHandleA(nullptr), nullptr);
         ASSERT_NE(window_, nullptr);
+        // Painted now, black: what Huey does not paint stays so.
         UpdateWindow(window_);
-        Pump();
     }
     void TearDown() override
     {
         if (window_) DestroyWindow(window_);
-    }
-    void Pump()
-    {
-        MSG message;
-        for (int i = 0; i < 5; ++i) {
-            while (PeekMessageA(&message, nullptr, 0, 0, PM_REMOVE)) DispatchMessageA(&message);
-            Sleep(20);
-        }
     }
     // What the window shows at a point of its client area.
     uint32_t ScreenRgb(int x, int y)

@@ -79,7 +79,7 @@ TEST_F(OptionSheet, ABadValueOnTheFrontPageKeepsTheSheetOpenAndRunsNoOnOK)
     driver.WaitWindow("Processing Options")
         .Type(IDC_TEST_FIRST_EDIT, "bad")
         .PressOk()
-        .Pause(300)
+        .WaitHandled()
         .ExpectPage(0)
         .Do([&](HWND) { EXPECT_FALSE(Has(events, "FIRST:ok")); })
         .PressCancel();

@@ -303,7 +303,8 @@ TEST(SaveAccept, A256CharacterPathPassesAnd257AreRefused)
         DialogDriver d;
         OpenSave(d);
         TypeName(d, nameFor(257) + ".GIF");
-        d.PressOk().Pause(300).Do([](HWND dialog) { EXPECT_TRUE(IsWindowVisible(dialog)); }).PressCancel();
+        d.PressOk().WaitUntil("the refusal", [&] { return !road.recorder.messageBoxes.empty(); });
+        d.WaitHandled().Do([](HWND dialog) { EXPECT_TRUE(IsWindowVisible(dialog)); }).PressCancel();
         EXPECT_EQ(road.Save(d, "BMP", 1), 0);
         EXPECT_FALSE(d.Failed());
         ASSERT_EQ(road.recorder.messageBoxes.size(), 1u);

@@ -239,7 +239,8 @@ TEST(MetafileClass, AStoredClassIsSelectedAndOkStoresItUpperCase)
     EXPECT_EQ(Tag(road.tags, "BMPRVFORCE"), "M");
 
     DialogDriver help;
-    help.WaitWindow("Metafile Options").SendHelp().Pause(200).PressCancel();
+    help.WaitWindow("Metafile Options").SendHelp();
+    help.WaitUntil("a help call", [&] { return !road.recorder.helpCalls.empty(); }).PressCancel();
     EXPECT_EQ(RunDialog(help, 223, ForceToRasterDlgProc), 0);
     ASSERT_EQ(road.recorder.helpCalls.size(), 1u);
     EXPECT_EQ(road.recorder.helpCalls[0].data, 1428u);

@@ -23,6 +23,32 @@ constexpr ULONGLONG kForceMs = 600;
 
 thread_local DialogDriver* g_running = nullptr;
 
+// WaitHandled's markers: posted to a message-only window of the driver,
+// counted as they come through.
+constexpr UINT kMarker = WM_APP + 0x2A;
+thread_local ULONG_PTR g_markersPosted = 0;
+thread_local ULONG_PTR g_markerSeen = 0;
+
+LRESULT CALLBACK MarkerProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam)
+{
+    if (message != kMarker)
+        return DefWindowProcA(window, message, wParam, lParam);
+    g_markerSeen = wParam;
+    return 0;
+}
+
+const char* MarkerClass()
+{
+    static const ATOM atom = [] {
+        WNDCLASSA c = {};
+        c.lpfnWndProc = MarkerProc;
+        c.hInstance = GetModuleHandleA(nullptr);
+        c.lpszClassName = "ZvDialogDriverMarker";
+        return RegisterClassA(&c);
+    }();
+    return MAKEINTATOM(atom);
+}
+
 using Result = DialogDriver::Result;
 using Outcome = DialogDriver::Outcome;
 
@@ -189,16 +215,13 @@ Result PressButton(HWND target, int id, int sheetButton, const char* label)
     return Failure(Describe(target) + " has no " + label + " button");
 }
 
-// Lets the window paint and Wine hand the picture to the display.
-void Settle(HWND window)
+// Paints the window and its children now, into the surface that Wine keeps
+// for it, and handles what the painting posted.
+void PaintNow(HWND window)
 {
     RedrawWindow(window, nullptr, nullptr,
                  RDW_INVALIDATE | RDW_ERASE | RDW_FRAME | RDW_ALLCHILDREN | RDW_UPDATENOW);
-    ULONGLONG until = GetTickCount64() + 80;
-    while (GetTickCount64() < until) {
-        PumpMessages();
-        MsgWaitForMultipleObjects(0, nullptr, FALSE, 10, QS_ALLINPUT);
-    }
+    PumpMessages();
     GdiFlush();
 }
 
@@ -211,86 +234,125 @@ std::wstring Wide(const std::string& text)
     return out;
 }
 
-std::string HexResult(HRESULT hr)
-{
-    char text[16];
-    wsprintfA(text, "0x%08lX", static_cast<unsigned long>(hr));
-    return text;
-}
-
-template <class T>
-void Release(T*& p)
-{
-    if (p)
-        p->Release();
-    p = nullptr;
-}
-
-// Writes 24-bit top-down BGR rows as a PNG through WIC.
-bool WritePng(const std::string& path, UINT width, UINT height, UINT stride, BYTE* bits,
-              std::string* error)
+// Writes 24-bit top-down BGR rows as a PNG through WIC; on failure, says
+// which call failed.
+bool WritePng(const std::string& path, UINT width, UINT height, UINT stride, BYTE* bits, std::string* error)
 {
     HRESULT init = CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED);
     IWICImagingFactory* factory = nullptr;
     IWICStream* stream = nullptr;
     IWICBitmapEncoder* encoder = nullptr;
     IWICBitmapFrameEncode* frame = nullptr;
-    std::string step = "CoCreateInstance(WICImagingFactory)";
-    HRESULT hr = CoCreateInstance(CLSID_WICImagingFactory, nullptr, CLSCTX_INPROC_SERVER,
-                                  IID_IWICImagingFactory, reinterpret_cast<void**>(&factory));
-    if (SUCCEEDED(hr)) {
-        step = "CreateStream";
-        hr = factory->CreateStream(&stream);
-    }
-    if (SUCCEEDED(hr)) {
-        step = "InitializeFromFilename";
-        hr = stream->InitializeFromFilename(Wide(path).c_str(), GENERIC_WRITE);
-    }
-    if (SUCCEEDED(hr)) {
-        step = "CreateEncoder(PNG)";
-        hr = factory->CreateEncoder(GUID_ContainerFormatPng, nullptr, &encoder);
-    }
-    if (SUCCEEDED(hr))
-        hr = encoder->Initialize(stream, WICBitmapEncoderNoCache);
-    if (SUCCEEDED(hr)) {
-        step = "CreateNewFrame";
-        hr = encoder->CreateNewFrame(&frame, nullptr);
-    }
-    if (SUCCEEDED(hr))
-        hr = frame->Initialize(nullptr);
-    if (SUCCEEDED(hr))
-        hr = frame->SetSize(width, height);
     WICPixelFormatGUID format = GUID_WICPixelFormat24bppBGR;
-    if (SUCCEEDED(hr)) {
-        step = "SetPixelFormat";
-        hr = frame->SetPixelFormat(&format);
-        if (SUCCEEDED(hr) && !IsEqualGUID(format, GUID_WICPixelFormat24bppBGR))
-            hr = WINCODEC_ERR_UNSUPPORTEDPIXELFORMAT;
-    }
-    if (SUCCEEDED(hr)) {
-        step = "WritePixels";
-        hr = frame->WritePixels(height, stride, stride * height, bits);
-    }
-    if (SUCCEEDED(hr)) {
-        step = "Commit";
-        hr = frame->Commit();
-    }
-    if (SUCCEEDED(hr))
-        hr = encoder->Commit();
-    Release(frame);
-    Release(encoder);
-    Release(stream);
-    Release(factory);
+    HRESULT hr = S_OK;
+    const char* step = "";
+    auto next = [&](const char* name, auto call) {
+        if (SUCCEEDED(hr)) {
+            step = name;
+            hr = call();
+        }
+    };
+    next("CoCreateInstance(WICImagingFactory)", [&] {
+        return CoCreateInstance(CLSID_WICImagingFactory, nullptr, CLSCTX_INPROC_SERVER, IID_IWICImagingFactory,
+                                reinterpret_cast<void**>(&factory));
+    });
+    next("CreateStream", [&] { return factory->CreateStream(&stream); });
+    next("InitializeFromFilename", [&] { return stream->InitializeFromFilename(Wide(path).c_str(), GENERIC_WRITE); });
+    next("CreateEncoder(PNG)", [&] { return factory->CreateEncoder(GUID_ContainerFormatPng, nullptr, &encoder); });
+    next("Initialize", [&] { return encoder->Initialize(stream, WICBitmapEncoderNoCache); });
+    next("CreateNewFrame", [&] { return encoder->CreateNewFrame(&frame, nullptr); });
+    next("Initialize(frame)", [&] { return frame->Initialize(nullptr); });
+    next("SetSize", [&] { return frame->SetSize(width, height); });
+    next("SetPixelFormat", [&] {
+        HRESULT r = frame->SetPixelFormat(&format);
+        return SUCCEEDED(r) && !IsEqualGUID(format, GUID_WICPixelFormat24bppBGR) ? WINCODEC_ERR_UNSUPPORTEDPIXELFORMAT
+                                                                                 : r;
+    });
+    next("WritePixels", [&] { return frame->WritePixels(height, stride, stride * height, bits); });
+    next("Commit", [&] { return frame->Commit(); });
+    next("Commit(encoder)", [&] { return encoder->Commit(); });
+    for (IUnknown* object : std::initializer_list<IUnknown*>{frame, encoder, stream, factory})
+        if (object)
+            object->Release();
     if (SUCCEEDED(init))
         CoUninitialize();
-    if (FAILED(hr) && error)
-        *error = step + " failed with " + HexResult(hr);
+    if (FAILED(hr) && error) {
+        char code[16];
+        wsprintfA(code, "0x%08lX", static_cast<unsigned long>(hr));
+        *error = std::string(step) + " failed with " + code;
+    }
     return SUCCEEDED(hr);
 }
 
-}  // namespace
+// The text of a message box: its static texts other than the icon.
+std::string MessageBoxText(HWND box)
+{
+    std::string text;
+    ForEachDescendant(box, [&](HWND w) {
+        LONG_PTR style = GetWindowLongPtrA(w, GWL_STYLE);
+        if (IsClass(w, "Static") && (style & SS_TYPEMASK) != SS_ICON) {
+            std::string part = DialogDriver::TextOf(w);
+            if (!part.empty())
+                text += (text.empty() ? "" : "\n") + part;
+        }
+        return true;
+    });
+    return text;
+}
 
-DialogDriver::DialogDriver() = default;
+// The gallery file of a screenshot: <folder of the program>\..\gallery.
+std::string GalleryPath(const std::string& name)
+{
+    char exe[MAX_PATH] = {};
+    GetModuleFileNameA(nullptr, exe, MAX_PATH);
+    std::string folder = exe;
+    folder.resize(folder.find_last_of("\\/") + 1);
+    folder += "..\\gallery";
+    char full[MAX_PATH] = {};
+    if (GetFullPathNameA(folder.c_str(), MAX_PATH, full, nullptr))
+        folder = full;
+    CreateDirectoryA(folder.c_str(), nullptr);
+    return folder + "\\" + name + ".png";
+}
+
+// Wine keeps each top-level window's picture, children included, in a
+// surface of its own, and a window DC reads from it: another program's
+// window on top (tests run side by side on one display) does not get into
+// the picture as it would when reading the screen. PrintWindow draws a
+// blank picture under Xvfb.
+bool SaveWindowPng(HWND window, const std::string& path, std::string* error)
+{
+    RECT rect = {};
+    GetWindowRect(window, &rect);
+    int width = rect.right - rect.left, height = rect.bottom - rect.top;
+    if (width <= 0 || height <= 0) {
+        *error = "the window is gone or has no area";
+        return false;
+    }
+    HDC source = GetWindowDC(window);
+    HDC memory = CreateCompatibleDC(source);
+    BITMAPINFO info = {};
+    // Top-down rows, as WIC wants them.
+    info.bmiHeader = {static_cast<DWORD>(sizeof info.bmiHeader), width, -height, 1, 24, BI_RGB, 0, 0, 0, 0, 0};
+    void* bits = nullptr;
+    HBITMAP dib = CreateDIBSection(source, &info, DIB_RGB_COLORS, &bits, nullptr, 0);
+    HGDIOBJ old = dib ? SelectObject(memory, dib) : nullptr;
+    bool ok = dib && BitBlt(memory, 0, 0, width, height, source, 0, 0, SRCCOPY);
+    GdiFlush();
+    if (!ok)
+        *error = "copying the window's picture failed";
+    else
+        ok = WritePng(path, width, height, (static_cast<UINT>(width) * 3 + 3) & ~3u, static_cast<BYTE*>(bits), error);
+    if (dib) {
+        SelectObject(memory, old);
+        DeleteObject(dib);
+    }
+    DeleteDC(memory);
+    ReleaseDC(window, source);
+    return ok;
+}
+
+}  // namespace
 
 DialogDriver::~DialogDriver()
 {
@@ -370,21 +432,6 @@ bool DialogDriver::IsPropertySheet(HWND window)
     return IsClass(window, "#32770") && PropSheet_GetTabControl(window) != nullptr;
 }
 
-std::string DialogDriver::MessageBoxText(HWND box)
-{
-    std::string text;
-    ForEachDescendant(box, [&](HWND w) {
-        LONG_PTR style = GetWindowLongPtrA(w, GWL_STYLE);
-        if (IsClass(w, "Static") && (style & SS_TYPEMASK) != SS_ICON) {
-            std::string part = TextOf(w);
-            if (!part.empty())
-                text += (text.empty() ? "" : "\n") + part;
-        }
-        return true;
-    });
-    return text;
-}
-
 HWND DialogDriver::Target()
 {
     if (current_ && IsWindow(current_))
@@ -412,19 +459,6 @@ DialogDriver& DialogDriver::WaitWindow(const std::string& caption)
     });
 }
 
-DialogDriver& DialogDriver::WaitWindowClass(const std::string& className)
-{
-    return Queue("WaitWindowClass(" + Quote(className) + ")", [className](DialogDriver& d, HWND) {
-        for (HWND w : ThreadWindows()) {
-            if (IsClass(w, className.c_str())) {
-                d.current_ = w;
-                return Done();
-            }
-        }
-        return Retry("no visible window of this thread has the class " + Quote(className));
-    });
-}
-
 DialogDriver& DialogDriver::WaitControl(int id)
 {
     return Queue("WaitControl(" + std::to_string(id) + ")", [id](DialogDriver&, HWND target) {
@@ -434,6 +468,27 @@ DialogDriver& DialogDriver::WaitControl(int id)
         if (!c || !IsWindowVisible(c))
             return Retry(Describe(target) + " shows no control " + std::to_string(id));
         return Done();
+    });
+}
+
+DialogDriver& DialogDriver::WaitUntil(const std::string& what, std::function<bool()> condition)
+{
+    return Queue("WaitUntil(" + Quote(what) + ")", [what, condition = std::move(condition)](DialogDriver&, HWND) {
+        return condition() ? Done() : Retry("still waiting for " + what);
+    });
+}
+
+DialogDriver& DialogDriver::WaitHandled()
+{
+    return Queue("WaitHandled()", [posted = ULONG_PTR(0)](DialogDriver& d, HWND) mutable {
+        if (!posted) {
+            if (!d.marker_)
+                d.marker_ = CreateWindowExA(0, MarkerClass(), "", 0, 0, 0, 0, 0, HWND_MESSAGE, nullptr,
+                                            GetModuleHandleA(nullptr), nullptr);
+            posted = ++g_markersPosted;
+            PostMessageA(d.marker_, kMarker, posted, 0);
+        }
+        return g_markerSeen >= posted ? Done() : Retry("a message posted before the step is not handled yet");
     });
 }
 
@@ -526,22 +581,16 @@ DialogDriver& DialogDriver::PickCombo(int id, const std::string& text)
     }));
 }
 
-DialogDriver& DialogDriver::PickList(int id, int index)
+DialogDriver& DialogDriver::PickList(int id, const std::string& text)
 {
-    return Queue("PickList(" + std::to_string(id) + ", " + std::to_string(index) + ")",
-                 OnControl(id, [id, index](HWND control) {
-        LRESULT count = SendMessageA(control, LB_GETCOUNT, 0, 0);
-        if (index < 0 || index >= count)
-            return Retry("list " + std::to_string(id) + " has " + std::to_string(count) + " entries");
-        LONG_PTR style = GetWindowLongPtrA(control, GWL_STYLE);
-        if (style & (LBS_MULTIPLESEL | LBS_EXTENDEDSEL)) {
-            SendMessageA(control, LB_SETSEL, FALSE, -1);
-            SendMessageA(control, LB_SETSEL, TRUE, index);
-        } else {
-            SendMessageA(control, LB_SETCURSEL, index, 0);
-        }
+    return Queue("PickList(" + std::to_string(id) + ", " + Quote(text) + ")", OnControl(id, [id, text](HWND control) {
+        LRESULT index = SendMessageA(control, LB_FINDSTRINGEXACT, static_cast<WPARAM>(-1),
+                                     reinterpret_cast<LPARAM>(text.c_str()));
+        if (index == LB_ERR)
+            return Retry("list " + std::to_string(id) + " has no entry " + Quote(text));
+        SendMessageA(control, LB_SETCURSEL, index, 0);
         // A list box tells its dialog about a click only when asked to.
-        if (style & LBS_NOTIFY)
+        if (GetWindowLongPtrA(control, GWL_STYLE) & LBS_NOTIFY)
             Notify(control, LBN_SELCHANGE);
         return Done();
     }));
@@ -561,31 +610,6 @@ DialogDriver& DialogDriver::SelectTab(int index)
         // The page that is left gets PSN_KILLACTIVE and may refuse.
         PropSheet_SetCurSel(target, nullptr, index);
         return Done();
-    });
-}
-
-DialogDriver& DialogDriver::SelectTab(const std::string& title)
-{
-    return Queue("SelectTab(" + Quote(title) + ")", [title](DialogDriver&, HWND target) {
-        if (!target || !IsPropertySheet(target))
-            return Retry(Describe(target) + " is not a property sheet");
-        HWND tab = PropSheet_GetTabControl(target);
-        int count = TabCtrl_GetItemCount(tab);
-        std::string titles;
-        for (int i = 0; i < count; ++i) {
-            char text[256] = {};
-            TCITEMA item = {};
-            item.mask = TCIF_TEXT;
-            item.pszText = text;
-            item.cchTextMax = sizeof text;
-            SendMessageA(tab, TCM_GETITEMA, i, reinterpret_cast<LPARAM>(&item));
-            if (title == text) {
-                PropSheet_SetCurSel(target, nullptr, i);
-                return Done();
-            }
-            titles += (i ? ", " : "") + Quote(text);
-        }
-        return Retry("the sheet has no page " + Quote(title) + " (it has " + titles + ")");
     });
 }
 
@@ -726,105 +750,24 @@ DialogDriver& DialogDriver::ExpectPage(int index)
 
 // ---- screenshots ----
 
-std::string DialogDriver::GalleryPath(const std::string& name)
-{
-    char exe[MAX_PATH] = {};
-    GetModuleFileNameA(nullptr, exe, MAX_PATH);
-    std::string folder = exe;
-    folder.resize(folder.find_last_of("\\/") + 1);
-    folder += "..\\gallery";
-    char full[MAX_PATH] = {};
-    if (GetFullPathNameA(folder.c_str(), MAX_PATH, full, nullptr))
-        folder = full;
-    CreateDirectoryA(folder.c_str(), nullptr);
-    return folder + "\\" + name + ".png";
-}
-
-bool DialogDriver::SaveWindowPng(HWND window, const std::string& path, std::string* error)
-{
-    RECT rect;
-    if (!GetWindowRect(window, &rect)) {
-        if (error)
-            *error = "the window is gone";
-        return false;
-    }
-    int width = rect.right - rect.left;
-    int height = rect.bottom - rect.top;
-    if (width <= 0 || height <= 0) {
-        if (error)
-            *error = "the window has no area";
-        return false;
-    }
-    // Wine keeps each top-level window's picture, children included, in a
-    // surface of its own, and a window DC reads from it: another program's
-    // window on top (tests run side by side on one display) does not get
-    // into the picture as it would when reading the screen. PrintWindow
-    // draws a blank picture under Xvfb.
-    HDC source = GetWindowDC(window);
-    HDC memory = CreateCompatibleDC(source);
-    BITMAPINFO info = {};
-    info.bmiHeader.biSize = sizeof info.bmiHeader;
-    info.bmiHeader.biWidth = width;
-    info.bmiHeader.biHeight = -height;  // top-down rows, as WIC wants them
-    info.bmiHeader.biPlanes = 1;
-    info.bmiHeader.biBitCount = 24;
-    info.bmiHeader.biCompression = BI_RGB;
-    void* bits = nullptr;
-    HBITMAP dib = CreateDIBSection(source, &info, DIB_RGB_COLORS, &bits, nullptr, 0);
-    bool ok = dib != nullptr;
-    if (ok) {
-        HGDIOBJ old = SelectObject(memory, dib);
-        ok = BitBlt(memory, 0, 0, width, height, source, 0, 0, SRCCOPY);
-        GdiFlush();
-        SelectObject(memory, old);
-        if (!ok && error)
-            *error = "BitBlt from the window failed";
-    } else if (error) {
-        *error = "CreateDIBSection failed";
-    }
-    if (ok) {
-        UINT stride = (static_cast<UINT>(width) * 3 + 3) & ~3u;
-        ok = WritePng(path, width, height, stride, static_cast<BYTE*>(bits), error);
-    }
-    if (dib)
-        DeleteObject(dib);
-    DeleteDC(memory);
-    ReleaseDC(window, source);
-    return ok;
-}
-
 DialogDriver& DialogDriver::Screenshot(const std::string& name)
 {
     return Queue("Screenshot(" + Quote(name) + ")", [name](DialogDriver& d, HWND target) {
-        if (!target)
-            return Retry("no window of this thread is up");
-        return d.Shoot(target, name);
-    });
-}
-
-DialogDriver& DialogDriver::ScreenshotMessageBox(const std::string& name, const std::string& textContains)
-{
-    return Queue("ScreenshotMessageBox(" + Quote(name) + ")", [name, textContains](DialogDriver& d, HWND) {
-        std::string why;
-        HWND box = d.FindMessageBox(textContains, &why);
-        return box ? d.Shoot(box, name) : Retry(why);
-    });
-}
-
-DialogDriver::Result DialogDriver::Shoot(HWND target, const std::string& name)
-{
-    // With no window manager, Wine may draw the caption of the very first
-    // window of a process as inactive although the window is active; the
-    // picture shows what the user of a desktop would see.
-    if (GetActiveWindow() == target)
+        // The user looks at the active window, with the focus inside it.
+        if (!target || GetActiveWindow() != target)
+            return Retry("the window to take is not active yet");
+        // With no window manager, Wine may draw the caption of the very
+        // first window of a process as inactive although the window is
+        // active; the picture shows what the user of a desktop would see.
         SendMessageA(target, WM_NCACTIVATE, TRUE, 0);
-    quiet_ = true;
-    Settle(target);
-    quiet_ = false;
-    std::string error;
-    if (!SaveWindowPng(target, GalleryPath(name), &error))
-        return Failure("screenshot of " + Describe(target) + ": " + error);
-    return Done();
+        d.quiet_ = true;
+        PaintNow(target);
+        d.quiet_ = false;
+        std::string error;
+        if (!SaveWindowPng(target, GalleryPath(name), &error))
+            return Failure("screenshot of " + Describe(target) + ": " + error);
+        return Done();
+    });
 }
 
 // ---- free-form steps ----
@@ -842,18 +785,6 @@ DialogDriver& DialogDriver::Do(std::function<void(HWND target)> action)
 DialogDriver& DialogDriver::Step(std::string name, StepFn step)
 {
     return Queue(std::move(name), std::move(step));
-}
-
-DialogDriver& DialogDriver::Pause(DWORD ms)
-{
-    Queue("Pause(" + std::to_string(ms) + ")", [ms, start = ULONGLONG(0)](DialogDriver&, HWND) mutable {
-        ULONGLONG now = GetTickCount64();
-        if (!start)
-            start = now;
-        return now - start >= ms ? Done() : Retry("pausing");
-    });
-    steps_.back().timeout = ms + stepTimeout_;
-    return *this;
 }
 
 // ---- running ----
@@ -993,6 +924,9 @@ INT_PTR DialogDriver::Run(const std::function<INT_PTR()>& entry)
         steps_.clear();
     }
     DismissLeftovers();
+    if (marker_)
+        DestroyWindow(marker_);
+    marker_ = nullptr;
     current_ = nullptr;
     return result;
 }

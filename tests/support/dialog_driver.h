@@ -16,7 +16,6 @@
 
 #include <windows.h>
 
-#include <cstdint>
 #include <deque>
 #include <functional>
 #include <map>
@@ -36,7 +35,7 @@ public:
     // A step gets the driver and the window it targets (null when none).
     using StepFn = std::function<Result(DialogDriver&, HWND target)>;
 
-    DialogDriver();
+    DialogDriver() = default;
     ~DialogDriver();
     DialogDriver(const DialogDriver&) = delete;
     DialogDriver& operator=(const DialogDriver&) = delete;
@@ -46,13 +45,20 @@ public:
     DialogDriver& SetStepTimeout(DWORD ms);
     DialogDriver& SetRunTimeout(DWORD ms);
 
-    // Finding windows. A top-level window of this thread that is visible
-    // becomes the target of the steps that follow. Without one, steps target
-    // the topmost visible, enabled window of the thread.
+    // A top-level window of this thread that is visible becomes the target
+    // of the steps that follow. Without one, steps target the topmost
+    // visible, enabled window of the thread.
     DialogDriver& WaitWindow(const std::string& caption);
-    DialogDriver& WaitWindowClass(const std::string& className);
     // Waits until the target holds a visible control with this id.
     DialogDriver& WaitControl(int id);
+    // Waits until the condition holds (a help call recorded, a tag written):
+    // the evidence that an action was handled. `what` names it in failures.
+    DialogDriver& WaitUntil(const std::string& what, std::function<bool()> condition);
+    // Waits until the thread has handled every message posted to it before
+    // this step (a marker posted behind them comes through), so that a check
+    // that something did not happen runs after the handling that could
+    // have made it happen.
+    DialogDriver& WaitHandled();
 
     // Acting on controls of the target (searched through nested children;
     // a visible control wins over a hidden one of the same id). Each waits
@@ -67,11 +73,10 @@ public:
     DialogDriver& SetCheck(int id, bool checked);         // clicks until the box shows the state
     DialogDriver& PickCombo(int id, int index);           // CB_SETCURSEL, CBN_SELENDOK, CBN_SELCHANGE
     DialogDriver& PickCombo(int id, const std::string& text);
-    DialogDriver& PickList(int id, int index);            // LB_SETCURSEL (+ LBN_SELCHANGE with LBS_NOTIFY)
+    DialogDriver& PickList(int id, const std::string& text);  // LB_SETCURSEL (+ LBN_SELCHANGE with LBS_NOTIFY)
 
     // Property sheets (PropSheet_SetCurSel: the page may refuse to leave).
     DialogDriver& SelectTab(int index);
-    DialogDriver& SelectTab(const std::string& title);
 
     // OK, Cancel, Help, Apply: PropSheet_PressButton on a sheet, else the
     // dialog's button of that id (or its WM_COMMAND when it has none).
@@ -103,20 +108,15 @@ public:
     // Writes the target window as the user sees it to the gallery:
     // <folder of the test program>\..\gallery\NAME.png
     DialogDriver& Screenshot(const std::string& name);
-    // The same for a message box, found as AnswerMessageBox finds it.
-    DialogDriver& ScreenshotMessageBox(const std::string& name, const std::string& textContains = {});
 
     // Anything else: Do runs once, when a target is up; Step retries until
     // it answers Done.
     DialogDriver& Do(std::function<void(HWND target)> action);
     DialogDriver& Step(std::string name, StepFn step);
-    // Lets the dialog run on for a while.
-    DialogDriver& Pause(DWORD ms);
 
     // Calls the modal entry with the steps running inside it, and returns
-    // what the entry returns.
+    // what the entry returns. Every failure is a gtest failure already.
     INT_PTR Run(const std::function<INT_PTR()>& entry);
-
     bool Failed() const { return !failures_.empty(); }
     const std::vector<std::string>& Failures() const { return failures_; }
 
@@ -124,9 +124,6 @@ public:
     static HWND FindControl(HWND root, int id);  // recursive, prefers a visible one
     static std::string TextOf(HWND window);
     static bool IsPropertySheet(HWND window);
-    static std::string MessageBoxText(HWND box);
-    static std::string GalleryPath(const std::string& name);
-    static bool SaveWindowPng(HWND window, const std::string& path, std::string* error);
     static std::vector<HWND> ThreadWindows();  // visible top-level windows, topmost first
 
 private:
@@ -142,7 +139,6 @@ private:
     void Tick();
     void Fail(const std::string& message);
     HWND FindMessageBox(const std::string& textContains, std::string* why) const;
-    Result Shoot(HWND window, const std::string& name);
     void DismissOne();
     void DismissLeftovers();
     static void CALLBACK OnTimer(HWND, UINT, UINT_PTR, DWORD);
@@ -151,6 +147,7 @@ private:
     std::vector<std::string> failures_;
     std::map<HWND, ULONGLONG> dismissing_;  // window -> when its closing began
     HWND current_ = nullptr;
+    HWND marker_ = nullptr;  // receives WaitHandled's markers while a run lasts
     DWORD stepTimeout_ = 5000;
     DWORD runTimeout_ = 30000;
     ULONGLONG runStart_ = 0;
@@ -158,8 +155,6 @@ private:
     int stepNumber_ = 0;
     bool aborting_ = false;
     bool quiet_ = false;  // set while a step pumps messages itself
-
-    friend struct DriverAccess;
 };
 
 }  // namespace zvtest

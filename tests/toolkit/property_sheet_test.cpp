@@ -130,7 +130,7 @@ TEST_F(TwoPageSheet, CancelRunsOnCancelOnThePagesThatHaveAWindow)
 
     events.clear();
     zvtest::DialogDriver again;
-    again.WaitWindow("Test Sheet").SelectTab("Second").PressCancel();
+    again.WaitWindow("Test Sheet").SelectTab(1).PressCancel();
     EXPECT_EQ(RunSheet(again, sheet), IDCANCEL);
     EXPECT_TRUE(Has(events, "first:cancel") && Has(events, "second:cancel"));
     EXPECT_FALSE(Has(events, "first:ok") || Has(events, "second:ok"));
