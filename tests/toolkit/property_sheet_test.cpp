@@ -80,7 +80,6 @@ std::string TabText(HWND sheet, int index)
 int RunSheet(zvtest::DialogDriver& driver, CPropertySheet& sheet)
 {
     int result = static_cast<int>(driver.Run([&] { return static_cast<INT_PTR>(sheet.DoModal()); }));
-    EXPECT_FALSE(driver.Failed());
     return result;
 }
 
