@@ -117,7 +117,6 @@ public:
     // Calls the modal entry with the steps running inside it, and returns
     // what the entry returns. Every failure is a gtest failure already.
     INT_PTR Run(const std::function<INT_PTR()>& entry);
-    bool Failed() const { return !failures_.empty(); }
     const std::vector<std::string>& Failures() const { return failures_; }
 
     // Helpers also used by tests and free-form steps.
