@@ -3,7 +3,7 @@
 #include "save_road.h"
 #include "output_ids.h"
 #include "ravicli.h"
-#include "save_dialog.h"
+#include "host_dialogs.h"
 
 namespace {
 

@@ -4,8 +4,7 @@
 
 #include <string>
 
-#include "save_dialog.h"
-#include "zvwio32.h"
+#include "host_dialogs.h"
 
 #include <commctrl.h>
 

@@ -6,8 +6,7 @@
 #include <string>
 #include <vector>
 
-#include "save_dialog.h"
-#include "zvwio32.h"
+#include "host_dialogs.h"
 
 namespace zvtest {
 namespace {

@@ -1,6 +1,4 @@
-#include "save_dialog.h"
-
-#include "zvwio32.h"
+#include "host_dialogs.h"
 
 namespace zvtest {
 
@@ -90,12 +88,6 @@ void SaveDialogTest::Prime(const char* srcExt, short srcType, bool accept)
     else
         d.PressCancel();
     Save(srcExt, srcType);
-}
-
-std::string SaveDialogTest::Tag(const char* key)
-{
-    const char* value = ZvGetTag(&tags, key);
-    return value ? value : "<absent>";
 }
 
 }  // namespace zvtest
