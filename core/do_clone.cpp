@@ -39,15 +39,27 @@ short CopyFromView(Dewey* source, Dewey* clone, const void* view)
         bytes > 0xFFFFFFFFu)
         return kSectionFailed;
 
-    char name[32] = "r";
-    short result = CreateUniqueStatusSectionName(name, 30);
-    if (result != 0)
-        return result;
-
-    HANDLE section = CreateFileMappingA(INVALID_HANDLE_VALUE, nullptr, PAGE_READWRITE, 0,
-                                        static_cast<DWORD>(bytes), name);
-    if (section == nullptr)
-        return kSectionFailed;
+    // Another process may make a section of the free name found between the
+    // look and the making; opening that one would share its picture, so a
+    // name that turns out taken is passed over for the next free one.
+    char name[32];
+    HANDLE section = nullptr;
+    for (int tries = 0; section == nullptr; ++tries) {
+        zv::CopyBounded(name, "r");
+        short result = CreateUniqueStatusSectionName(name, 30);
+        if (result != 0)
+            return result;
+        section = CreateFileMappingA(INVALID_HANDLE_VALUE, nullptr, PAGE_READWRITE, 0, static_cast<DWORD>(bytes),
+                                     name);
+        if (section == nullptr)
+            return kSectionFailed;
+        if (GetLastError() == ERROR_ALREADY_EXISTS) {
+            CloseHandle(section);
+            section = nullptr;
+            if (tries == 100)
+                return kSectionFailed;
+        }
+    }
     void* copy = MapViewOfFile(section, FILE_MAP_WRITE, 0, 0, 0);
     if (copy == nullptr) {
         CloseHandle(section);
@@ -57,7 +69,7 @@ short CopyFromView(Dewey* source, Dewey* clone, const void* view)
 
     char file[516] = {};
     source->GetFileName(file);
-    result = clone->ResurrectSection(name, file);
+    short result = clone->ResurrectSection(name, file);
 
     // The clone opened the section by itself, which keeps it alive.
     UnmapViewOfFile(copy);
