@@ -40,18 +40,23 @@ HANDLE MakeSection(const char* name, DWORD size = 4096)
 
 TEST(CreateUniqueStatusSectionName, SkipsNamesInUse)
 {
-    HANDLE r0 = MakeSection("r0");
-    HANDLE r1 = MakeSection("r1");
-    char name[32] = "r";
+    // Names are shared by every process of the session: a stem of this
+    // process's own, so that no other test takes a name meant to be free.
+    char stem[32];
+    std::snprintf(stem, sizeof stem, "ZvNames%lu_", GetCurrentProcessId());
+    HANDLE first = MakeSection((std::string(stem) + "0").c_str());
+    HANDLE second = MakeSection((std::string(stem) + "1").c_str());
+    char name[32];
+    std::strcpy(name, stem);
     ASSERT_EQ(CreateUniqueStatusSectionName(name, 30), 0);
-    EXPECT_STREQ(name, "r2");
-    CloseHandle(r0);
-    CloseHandle(r1);
+    EXPECT_EQ(std::string(name), std::string(stem) + "2");
+    CloseHandle(first);
+    CloseHandle(second);
 
     // Once the names are free again the counter starts over.
-    char again[32] = "r";
-    ASSERT_EQ(CreateUniqueStatusSectionName(again, 30), 0);
-    EXPECT_STREQ(again, "r0");
+    std::strcpy(name, stem);
+    ASSERT_EQ(CreateUniqueStatusSectionName(name, 30), 0);
+    EXPECT_EQ(std::string(name), std::string(stem) + "0");
 }
 
 TEST(CreateUniqueStatusSectionName, TooLongForTheCallersBufferLeavesTheStem)
