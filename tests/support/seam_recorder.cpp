@@ -45,11 +45,6 @@ SeamRecorder::~SeamRecorder()
         g_recorder = nullptr;
 }
 
-void SeamRecorder::AnswerMessageBoxes(std::initializer_list<int> answers)
-{
-    answers_.assign(answers.begin(), answers.end());
-}
-
 BOOL WINAPI SeamRecorder::WinHelp(HWND window, LPCSTR file, UINT command, ULONG_PTR data)
 {
     WinHelpCall call = {window, file ? file : "", command, data, {}};
@@ -75,16 +70,9 @@ BOOL WINAPI SeamRecorder::Beep(UINT type)
 
 int WINAPI SeamRecorder::Box(HWND owner, LPCSTR text, LPCSTR caption, UINT type)
 {
-    if (!g_recorder)
-        return FirstButton(type);
-    g_recorder->messageBoxes.push_back({owner, text ? text : "", caption ? caption : "", type});
-    if (g_recorder->showReal_)
-        return MessageBoxA(owner, text, caption, type);
-    if (g_recorder->answers_.empty())
-        return FirstButton(type);
-    int answer = g_recorder->answers_.front();
-    g_recorder->answers_.pop_front();
-    return answer;
+    if (g_recorder)
+        g_recorder->messageBoxes.push_back({owner, text ? text : "", caption ? caption : "", type});
+    return FirstButton(type);
 }
 
 }  // namespace zvtest

@@ -1,12 +1,12 @@
 // Records the library's calls of WinHelpA, MessageBeep and MessageBoxA
-// through its seam table, so that a test can assert on them. One recorder
-// at a time; it installs itself when made and puts the platform's calls
-// back when it goes.
+// through its seam table, so that a test can assert on them; a message box
+// is answered with its first button (IDOK, IDYES, IDRETRY, IDABORT). One
+// recorder at a time; it installs itself when made and puts the platform's
+// calls back when it goes.
 #pragma once
 
 #include <windows.h>
 
-#include <deque>
 #include <string>
 #include <vector>
 
@@ -38,16 +38,6 @@ public:
     SeamRecorder(const SeamRecorder&) = delete;
     SeamRecorder& operator=(const SeamRecorder&) = delete;
 
-    // The answers of the next message boxes, in order; after them every
-    // box is answered with its first button (IDOK, IDYES, IDRETRY, IDABORT).
-    void AnswerMessageBoxes(std::initializer_list<int> answers);
-    // Shows the real message box too (still recorded), so that a
-    // DialogDriver step can answer it or take its picture.
-    void ShowRealMessageBoxes(bool show) { showReal_ = show; }
-
-    // The table the recorder installed, for calling it directly.
-    const ZvPlatformSeams& Table() const { return table_; }
-
     std::vector<WinHelpCall> helpCalls;
     std::vector<UINT> beeps;
     std::vector<MessageBoxCall> messageBoxes;
@@ -58,8 +48,6 @@ private:
     static int WINAPI Box(HWND owner, LPCSTR text, LPCSTR caption, UINT type);
 
     ZvPlatformSeams table_ = {};
-    std::deque<int> answers_;
-    bool showReal_ = false;
 };
 
 }  // namespace zvtest
