@@ -122,20 +122,6 @@ TEST(ZvTags, GlobalWritesGoToTheRootAndOutliveADroppedChild)
     delete root;
 }
 
-TEST(ZvTags, BadInputIsRefusedWithoutHarm)
-{
-    TagSet s;
-    EXPECT_LT(ZvSetTag(&s, nullptr, "x"), 0);
-    EXPECT_LT(ZvSetTag(&s, "", "x"), 0);
-    EXPECT_LT(ZvSetTag(nullptr, "A", "x"), 0);
-    EXPECT_EQ(ZvGetTag(nullptr, "A"), nullptr);
-    EXPECT_EQ(ZvOpenTagSearch(nullptr, "A"), nullptr);
-    EXPECT_EQ(ZvTagSearch(nullptr), nullptr);
-    ZvSetTag(&s, "WORD", "twelve");
-    EXPECT_EQ(ZvGetIntTag(&s, "WORD"), 0);
-    EXPECT_EQ(ZvGetFloatTag(&s, "WORD"), 0.0);
-}
-
 TEST(ResolutionTags, ConvertOnceEachWayAndResizeReadsTheRightUnit)
 {
     TagSet root;
@@ -175,15 +161,6 @@ TEST(ResolutionTags, ConvertOnceEachWayAndResizeReadsTheRightUnit)
     root.SetChild(nullptr);
     ASSERT_EQ(CalculateResize(&root, "TIF", 100, 100, &w, &h), 1);
     EXPECT_EQ(w, 408);  // 2 inches at 204 dots per inch
-}
-
-TEST(ResolutionTags, NoSizeTagsAskForNothing)
-{
-    TagSet s;
-    long w = 7, h = 7;
-    EXPECT_EQ(CalculateResize(&s, "TIF", 640, 480, &w, &h), 0);
-    EXPECT_EQ(w, 0);
-    EXPECT_EQ(CalculateResize(nullptr, "TIF", 640, 480, &w, &h), 0);
 }
 
 }  // namespace
