@@ -59,7 +59,7 @@ TEST(CreateUniqueStatusSectionName, SkipsNamesInUse)
     EXPECT_EQ(std::string(name), std::string(stem) + "0");
 }
 
-TEST(CreateUniqueStatusSectionName, TooLongForTheCallersBufferLeavesTheStem)
+TEST(CreateUniqueStatusSectionName, ANameTooLongForTheCallersBufferLeavesTheStem)
 {
     std::string stem(28, 's');
     char name[32];
@@ -68,11 +68,8 @@ TEST(CreateUniqueStatusSectionName, TooLongForTheCallersBufferLeavesTheStem)
     EXPECT_EQ(std::string(name), stem);
     EXPECT_EQ(CreateUniqueStatusSectionName(name, 30), 0);
     EXPECT_EQ(std::string(name), stem + "0");
-
     // A stem that leaves no room for the counter is refused, not looped on.
-    char full[40];
-    std::memset(full, 'x', 35);
-    full[35] = '\0';
+    char full[40] = "xxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxx";
     EXPECT_EQ(CreateUniqueStatusSectionName(full, 40), -250);
 }
 

@@ -101,20 +101,6 @@ TEST_F(Conversion, PixelsChangeAsTheScriptSays)
     EXPECT_NE(coretest::DibBytes(image), coretest::DibBytes(coretest::PatternImage(64, 48, 24)));
 }
 
-TEST_F(Conversion, ResizeAsTheDestinationsSizeTagsAsk)
-{
-    tags.Set("TIFW", "32");
-    tags.Set("TIFH", "24");
-    tags.Set("TIFUNITS", "PIX");
-    tags.Set("TIFSCALING", "Distort to Frame");
-    tags.Set("BMPTIFSMOOTH", "ON");
-    long newWidth = 0, newHeight = 0;
-    ASSERT_NE(CalculateResize(tags.tags, "TIF", 64, 48, &newWidth, &newHeight), 0);
-    ASSERT_EQ(DoOptions(image, tags.tags, "BMP", "TIF", formats), 0);
-    ASSERT_EQ(expected->Resize(newWidth, newHeight, 1), 0);
-    EXPECT_EQ(coretest::DibBytes(image), coretest::DibBytes(expected));
-}
-
 TEST_F(Conversion, AnEngineRefusalComesBackAndTheFileStillGoes)
 {
     // A raster source to a metafile forced to vector asks for tracing,

@@ -1,5 +1,5 @@
-// Filtering and translation on stored tag sets, and the trace numbers with
-// the library's own value lists.
+// Filtering on stored tag sets, and the trace numbers with the library's
+// own value lists. Translation is proved in memory and in the save dialog.
 #include <gtest/gtest.h>
 
 #include "core_test_support.h"
@@ -49,26 +49,6 @@ TEST(FilterOptions, WildcardsUnderTheRootsPathThenRootThenTags)
     delete child;
     delete image;
     RegDeleteTreeA(HKEY_CURRENT_USER, ("Software\\Zavrin\\Tags\\" + root.Path() + "\\Wildcards").c_str());
-}
-
-TEST(TranslateAllTags, FollowsTheDestinationLastTranslated)
-{
-    StoredSet tags("Translate");
-    tags.Set("BMP~~~CONTRAST", "7");
-
-    TranslateAllTags(tags.tags, "BMP", "~~~", "TIF");
-    EXPECT_EQ(tags.Get("BMPTIFCONTRAST"), "7");
-
-    // Away from the destination last translated: nothing moves.
-    TranslateAllTags(tags.tags, "BMP", "TIF", "GIF");
-    EXPECT_EQ(tags.Get("BMPGIFCONTRAST"), "<absent>");
-    EXPECT_EQ(tags.Get("BMPTIFCONTRAST"), "7");
-
-    // Back to it: the tags of the other destination move and leave it.
-    tags.Set("BMPGIFBRIGHT", "5");
-    TranslateAllTags(tags.tags, "BMP", "GIF", "TIF");
-    EXPECT_EQ(tags.Get("BMPTIFBRIGHT"), "5");
-    EXPECT_EQ(tags.Get("BMPGIFBRIGHT"), "<absent>");
 }
 
 TEST(TraceNumbers, ListPositionsComeFromTheLibrarysStringTable)
