@@ -2,14 +2,12 @@
 // passes, and a dialog with the list controls that its pages bind.
 #pragma once
 
-#define IDS_KNOWN_FORMATS 15056
 #define IDS_ALL_FILES 15092
 #define IDS_TIFF_FILTER 15053
 #define IDS_TEXT_FILTER 15064
 #define IDS_CHAINED_FILTER 15300
 
 #define IDD_LISTS 100
-#define IDC_TYPES 1136
 #define IDC_FLAVOR 1500
 #define IDC_FLAVOR_LABEL 1502
 #define IDC_DEPTH 1700
