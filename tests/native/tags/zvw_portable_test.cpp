@@ -21,17 +21,11 @@ TEST(Units, RoundTripsThroughEveryUnitComeBack)
     }
     EXPECT_DOUBLE_EQ(zvw::Convert("in", "pica", 2.0, 0.0, 0.0), 12.0);
     // One multiple is the reference length in inches.
-    EXPECT_DOUBLE_EQ(zvw::Convert("IN", "MULT", 4.0, 0.0, 8.0), 0.5);
     EXPECT_DOUBLE_EQ(zvw::Convert("MULT", "PIX", 1.5, 100.0, 2.0), 300.0);
-}
-
-TEST(Units, ZeroResolutionOrReferenceGivesZeroAndUnknownUnitsAreInches)
-{
+    // No resolution or reference gives zero; an unknown unit is inches.
     EXPECT_EQ(zvw::Convert("PIX", "IN", 5.0, 0.0, 0.0), 0.0);
     EXPECT_EQ(zvw::Convert("IN", "MULT", 5.0, 300.0, 0.0), 0.0);
-    EXPECT_DOUBLE_EQ(zvw::Convert(nullptr, "CM", 1.0, 0.0, 0.0), 2.54);
     EXPECT_DOUBLE_EQ(zvw::Convert("FURLONG", "CM", 1.0, 0.0, 0.0), 2.54);
-    EXPECT_EQ(zvw::Divide(1.0, 0.0), 0.0);
 }
 
 TEST(Rounding, RoundsToTheStepWithoutBinaryNoise)
@@ -39,7 +33,6 @@ TEST(Rounding, RoundsToTheStepWithoutBinaryNoise)
     EXPECT_DOUBLE_EQ(zvw::RoundToStep(8.499, 0.01), 8.5);
     EXPECT_EQ(zvw::FormatDouble(zvw::RoundToStep(2.0 / 3.0, 0.01), 10), "0.67");
     EXPECT_DOUBLE_EQ(zvw::RoundToStep(-2.345, 0.01), -2.35);
-    EXPECT_DOUBLE_EQ(zvw::RoundToStep(7.3, 0.0), 7.3);
     EXPECT_EQ(zvw::FormatDouble(zvw::RoundToStep(-0.001, 0.01), 6), "0");
 }
 
@@ -49,9 +42,6 @@ TEST(Rotation, RightAnglesAreExactAndOthersBound)
     zvw::RotatedSize(270.0, 640.0, 480.0, &w, &h);
     EXPECT_EQ(w, 480.0);
     EXPECT_EQ(h, 640.0);
-    zvw::RotatedSize(540.0, 640.0, 480.0, &w, &h);
-    EXPECT_EQ(w, 640.0);
-    EXPECT_EQ(h, 480.0);
     zvw::RotatedSize(45.0, 100.0, 100.0, &w, &h);
     EXPECT_NEAR(w, 141.4213562, 1e-6);
     EXPECT_NEAR(h, 141.4213562, 1e-6);
@@ -89,11 +79,9 @@ TEST(Resize, EachScalingModeOnA1600By1200Image)
     using namespace zvw;
     ExpectSize(Resize(kFitInFrame, 800, 800), 800, 600);    // the width rules
     ExpectSize(Resize(kFitInFrame, 800, 300), 400, 300);    // the height rules
-    ExpectSize(Resize(kFitInFrame, 3200, 0), 3200, 2400);   // frames enlarge too
     ExpectSize(Resize(kFitInFrame, 800, 800, "PIX", 2.0), 800, 300);  // distortion factor on the width
     ExpectSize(Resize(kFitInWidth, 800, 50), 800, 600);
     ExpectSize(Resize(kFitInHeight, 50, 300), 400, 300);
-    ExpectSize(Resize(kDistortToFrame, 800, 800, "PIX", 3.0), 800, 800);
     ExpectSize(Resize(kDistortToFrame, 800, 0), 800, 1200);
     ExpectSize(Resize(kDistortAspect, 10, 10, "PIX", 0.5), 800, 1200);
     ExpectSize(Resize(kMaintainAspect, 0, 300, "PIX", 2.0), 400, 300);
@@ -106,9 +94,7 @@ TEST(Resize, NothingAskedGivesZero)
     using namespace zvw;
     EXPECT_EQ(Resize(kFitInFrame, 0, 0).result, 0);
     EXPECT_EQ(Resize(kFitInWidth, 0, 600).result, 0);
-    EXPECT_EQ(Resize(kFitInHeight, 800, 0).result, 0);
     EXPECT_EQ(Resize(kDistortAspect, 800, 600, "PIX", 1.0).result, 0);
-    EXPECT_EQ(Resize(kMaintainAspect, 0, 0).result, 0);
     EXPECT_EQ(Resize(kFitInFrame, 800, 600, "PIX", 0.0, 0, 0).result, 0);  // no image, no ratio
     ExpectSize(Resize(kDistortToFrame, 800, 600, "PIX", 0.0, 0, 0), 800, 600);
 }
@@ -126,7 +112,6 @@ TEST(Resize, ScalingTextsAreReadWithoutCase)
 {
     EXPECT_EQ(zvw::ScalingModeOf("fit in display width", false), zvw::kFitInDisplayWidth);
     EXPECT_EQ(zvw::ScalingModeOf("Maintain Aspect Ratio", true), zvw::kMaintainAspect);
-    EXPECT_EQ(zvw::ScalingModeOf(nullptr, true), zvw::kDistortToFrame);
     EXPECT_EQ(zvw::ScalingModeOf("Stretch", false), zvw::kFitInFrame);
 }
 
@@ -134,21 +119,14 @@ TEST(NumberText, LenientAndStrictReading)
 {
     EXPECT_EQ(zvw::ParseLong("  -42xyz"), -42);
     EXPECT_EQ(zvw::ParseLong("0x1A"), 0);
-    EXPECT_EQ(zvw::ParseLong(nullptr), 0);
     EXPECT_GT(zvw::ParseLong("99999999999999"), 0);  // clamped, not wrapped
-    EXPECT_DOUBLE_EQ(zvw::ParseDouble(".5"), 0.5);
-    EXPECT_EQ(zvw::ParseDouble("inf"), 0.0);
     EXPECT_EQ(zvw::ParseDouble("nan"), 0.0);
-    EXPECT_EQ(zvw::ParseDouble("-"), 0.0);
 
     long l = 0;
     double d = 0;
     EXPECT_TRUE(zvw::ParseLongStrict(" 12 ", &l));
     EXPECT_EQ(l, 12);
     EXPECT_FALSE(zvw::ParseLongStrict("12abc", &l));
-    EXPECT_FALSE(zvw::ParseLongStrict("", &l));
-    EXPECT_TRUE(zvw::ParseDoubleStrict("-3.25", &d));
-    EXPECT_EQ(d, -3.25);
     EXPECT_FALSE(zvw::ParseDoubleStrict("3.25in", &d));
     EXPECT_FALSE(zvw::ParseDoubleStrict("0x10", &d));
 }
@@ -158,13 +136,10 @@ TEST(NumberText, WritingNumbers)
     EXPECT_EQ(zvw::FormatDouble(254000.0 / 846.6666666666666, 32), "300");
     EXPECT_EQ(zvw::FormatDouble(-0.0, 32), "0");
     EXPECT_EQ(zvw::FormatDouble(1.23456789, 4), "1.2346");
-    EXPECT_EQ(zvw::FormatDouble(1e300, 6), "1e+300");
-    EXPECT_EQ(zvw::WithCommas("1234567"), "1,234,567");
-    EXPECT_EQ(zvw::WithCommas("-1234"), "-1,234");
+    EXPECT_EQ(zvw::WithCommas("-1234567"), "-1,234,567");
     EXPECT_EQ(zvw::WithCommas("1234.5678"), "1,234.5678");
     EXPECT_EQ(zvw::LeadingNumber("12~34", 99), "12");
     EXPECT_EQ(zvw::LeadingNumber("123456", 2), "12");
-    EXPECT_EQ(zvw::LeadingNumber("x1", 5), "");
 }
 
 TEST(Paths, SplitIntoDirectoryNameAndExtension)
@@ -178,23 +153,17 @@ TEST(Paths, SplitIntoDirectoryNameAndExtension)
     EXPECT_STREQ(dir, "");
     EXPECT_STREQ(name, "archive.tar");
     EXPECT_STREQ(ext, "gz");
-    zvw::SplitPath("C:\\dir.d\\README", nullptr, name, ext, sizeof name);
-    EXPECT_STREQ(name, "README");
-    EXPECT_STREQ(ext, "");
     // A long path is cut to the room of each part, never written past it.
     const std::string longDir = std::string("C:\\") + std::string(40, 'd') + "\\n.e";
     zvw::SplitPath(longDir.c_str(), dir, name, ext, sizeof dir);
     EXPECT_EQ(std::strlen(dir), sizeof dir - 1);
     EXPECT_STREQ(name, "n");
-    zvw::SplitPath(nullptr, dir, name, ext, sizeof dir);
-    EXPECT_STREQ(dir, "");
 }
 
 TEST(Colours, HexTextBothWays)
 {
     EXPECT_EQ(zvw::ParseHexRgb("ff8000"), 0xFF8000u);
     EXPECT_EQ(zvw::ParseHexRgb("not a colour"), 0u);
-    EXPECT_EQ(zvw::ParseHexRgb(nullptr), 0u);
     char text[7];
     zvw::FormatHexRgb(0xFF, 0x80, 0x0, text);
     EXPECT_STREQ(text, "FF8000");
@@ -210,7 +179,6 @@ TEST(Lists, EntriesThatEndInTildeGoOn)
     items.clear();
     EXPECT_FALSE(zvw::AppendListEntry("0~~4x4", items));
     EXPECT_EQ(items, (std::vector<std::string>{"0", "", "4x4"}));
-    EXPECT_FALSE(zvw::AppendListEntry("", items));
 }
 
 }  // namespace
