@@ -205,7 +205,8 @@ TEST_F(OutputPages, CompressIsOfferedOnlyWhereTheFormatCompresses)
         bool enabled;
     };
     for (const Case& c : {Case{kRaster, "PCL", IDC_OUT_COMPRESS, true}, Case{kRaster, "BMP", IDC_OUT_COMPRESS, false},
-                          Case{kVector, "OGF", IDC_VEC_COMPRESS, true}, Case{kVector, "CGM", IDC_VEC_COMPRESS, false}}) {
+                          Case{kVector, "OGF", IDC_VEC_COMPRESS, true},
+                          Case{kVector, "CGM", IDC_VEC_COMPRESS, false}}) {
         // A stored switch still shows on a disabled box.
         Set((std::string(c.destExt) + "COMP").c_str(), "ON");
         d.WaitControl(c.box).ExpectEnabled(c.box, c.enabled).ExpectChecked(c.box, true).PressCancel();

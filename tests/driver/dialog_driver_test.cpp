@@ -124,8 +124,8 @@ TEST(DialogDriver, UnansweredMessageBoxIsClosedWithItsDialog)
 TEST(DialogDriver, RunThatOutlastsItsBoundIsEnded)
 {
     DialogDriver d;
-    d.SetRunTimeout(400).WaitUntil("a condition that never holds", [] { return false; }).PressOk();
-    ExpectBoundedFailure(d, "did not end within 400 ms (next step: step 1 WaitUntil(\"a condition that never holds\"))");
+    d.SetRunTimeout(400).WaitUntil("what never holds", [] { return false; }).PressOk();
+    ExpectBoundedFailure(d, "did not end within 400 ms (next step: step 1 WaitUntil(\"what never holds\"))");
 }
 
 TEST(DialogDriver, StepsLeftWhenTheDialogEndsAreAFailure)

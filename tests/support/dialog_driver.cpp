@@ -225,15 +225,6 @@ void PaintNow(HWND window)
     GdiFlush();
 }
 
-std::wstring Wide(const std::string& text)
-{
-    int n = MultiByteToWideChar(CP_ACP, 0, text.c_str(), -1, nullptr, 0);
-    std::wstring out(n > 0 ? n - 1 : 0, L'\0');
-    if (n > 1)
-        MultiByteToWideChar(CP_ACP, 0, text.c_str(), -1, out.data(), n);
-    return out;
-}
-
 // Writes 24-bit top-down BGR rows as a PNG through WIC; on failure, says
 // which call failed.
 bool WritePng(const std::string& path, UINT width, UINT height, UINT stride, BYTE* bits, std::string* error)
@@ -257,7 +248,9 @@ bool WritePng(const std::string& path, UINT width, UINT height, UINT stride, BYT
                                 reinterpret_cast<void**>(&factory));
     });
     next("CreateStream", [&] { return factory->CreateStream(&stream); });
-    next("InitializeFromFilename", [&] { return stream->InitializeFromFilename(Wide(path).c_str(), GENERIC_WRITE); });
+    next("InitializeFromFilename", [&] {
+        return stream->InitializeFromFilename(std::wstring(path.begin(), path.end()).c_str(), GENERIC_WRITE);
+    });
     next("CreateEncoder(PNG)", [&] { return factory->CreateEncoder(GUID_ContainerFormatPng, nullptr, &encoder); });
     next("Initialize", [&] { return encoder->Initialize(stream, WICBitmapEncoderNoCache); });
     next("CreateNewFrame", [&] { return encoder->CreateNewFrame(&frame, nullptr); });
