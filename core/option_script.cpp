@@ -16,12 +16,8 @@ namespace zv {
 
 void TraceMakeTag(TagAccess& tags, const char* prefix, const char* name, char* key)
 {
-    char methodKey[kKeySize];
-    MakeKey(methodKey, prefix, "TRACE");
-    const char* method = tags.Get(methodKey);
-    CopyBounded(key, kKeySize, prefix);
-    AppendBounded(key, kKeySize, method);
-    AppendBounded(key, kKeySize, name);
+    const char* method = tags.Get(TagKey(prefix, "TRACE"));
+    CopyBounded(key, kKeySize, TagKey(prefix, method, name));
 }
 
 namespace {

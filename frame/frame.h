@@ -18,6 +18,8 @@ class CPropertyPage;
 
 // The help file, the host's window and the operation of the dialog in hand,
 // read from the option context. Before the first dialog the help file is
+// A switch tag: on only for "ON", in any case; an absent tag is off.
+bool TagIsOn(TagSet* tags, const char* key);
 // "ZAVRIN.HLP" beside the library.
 const char* CurrentHelpFile();
 HWND CurrentParentWindow();
@@ -40,6 +42,8 @@ void InitOptionContext(HWND parent, TagSet* tags, const char* appTitle, const ch
 // again with what the user chose.
 void SetSource(const char* srcExt, short srcType);
 void SetDestination(const char* destExt);
+// A switch tag: on only for "ON", in any case; an absent tag is off.
+bool TagIsOn(TagSet* tags, const char* key);
 // "ZAVRIN.HLP" beside the library, or "?" when the library's path can't be
 // had: the help file of a dialog that was given none it can read.
 void DefaultHelpFile(char (&path)[zv::kPathSize]);

@@ -14,12 +14,6 @@
 
 namespace {
 
-// "ON" in any case; an absent tag is off.
-int IsOn(TagSet* tags, const char* key)
-{
-    return zv::IsOn(ZvGetTag(tags, key)) ? 1 : 0;
-}
-
 short TypeOf(OKAMOD* formats, const char* ext)
 {
     if (formats == nullptr || ext == nullptr)
@@ -65,6 +59,11 @@ void SetDestination(const char* destExt)
         if (short chosen = ChosenMetafileClass())
             o->destType = chosen;
     }
+}
+
+bool TagIsOn(TagSet* tags, const char* key)
+{
+    return zv::IsOn(ZvGetTag(tags, key));
 }
 
 void DefaultHelpFile(char (&path)[zv::kPathSize])
@@ -161,9 +160,9 @@ void InitOptionContext(HWND parent, TagSet* tags, const char* appTitle, const ch
     // The preview starts with what the tags say, so that a setter given the
     // tags' values finds nothing to do.
     o->previewRotation = static_cast<float>(ZvGetFloatTag(o->tags, zv::TagKey(o->destKey, "ROT")));
-    o->previewFlipV = IsOn(o->tags, zv::TagKey(prefix, "FLIPV"));
-    o->previewFlipH = IsOn(o->tags, zv::TagKey(prefix, "FLIPH"));
-    o->previewHist = IsOn(o->tags, zv::TagKey(prefix, "HIST"));
+    o->previewFlipV = TagIsOn(o->tags, zv::TagKey(prefix, "FLIPV"));
+    o->previewFlipH = TagIsOn(o->tags, zv::TagKey(prefix, "FLIPH"));
+    o->previewHist = TagIsOn(o->tags, zv::TagKey(prefix, "HIST"));
     o->previewContrast = static_cast<short>(ZvGetIntTag(o->tags, zv::TagKey(prefix, "CONTRAST")));
     o->previewBright = static_cast<short>(ZvGetIntTag(o->tags, zv::TagKey(prefix, "BRIGHT")));
     o->previewGamma = static_cast<short>(ZvGetIntTag(o->tags, zv::TagKey(prefix, "GAMMA")));

@@ -184,8 +184,7 @@ extern "C" ZVOPT32_API int DoSaveDlg(HWND owner, TagSet* tags, char* appTitle, c
     ofn.lpfnHook = SaveDlgHookProc;
     ofn.lpTemplateName = MAKEINTRESOURCEA(IDD_SAVE_CHILD);
     ofn.Flags = OFN_EXPLORER | OFN_PATHMUSTEXIST | OFN_ENABLEHOOK | OFN_HIDEREADONLY;
-    const char* overwrite = ZvGetTag(options->tags, "OWNOTIFY");
-    if (overwrite != nullptr && lstrcmpiA(overwrite, "ON") == 0)
+    if (TagIsOn(options->tags, "OWNOTIFY"))
         ofn.Flags |= OFN_OVERWRITEPROMPT;
     if (options->helpFile[0] != '\0')
         ofn.Flags |= OFN_SHOWHELP;

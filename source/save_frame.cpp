@@ -345,8 +345,7 @@ void OnInitDone(HWND child)
     WatchNameCombo(frame);
 
     if (lstrcmpiA(options->appTitle, "Zavrin PRO") == 0) {
-        const char* warnings = ZvGetTag(options->tags, "SHOWWARNINGS");
-        if (warnings != nullptr && lstrcmpiA(warnings, "ON") == 0)
+        if (TagIsOn(options->tags, "SHOWWARNINGS"))
             CheckDlgButton(child, IDC_SAVE_WARNINGS, BST_CHECKED);
     } else if (HWND box = GetDlgItem(child, IDC_SAVE_WARNINGS)) {
         DestroyWindow(box);
