@@ -43,6 +43,19 @@ extern "C" {
 // temporary file, runs it over image with Dewey::Test, and removes it.
 ZVOPT32_API short DoOptions(Dewey* image, TagSet* tags, const char* srcExt, const char* destExt, OKAMOD* formats);
 
+// The script that DoOptions would run with the same first five arguments, as
+// text: one command a line, each line ended by LF CR ("\n\r"), the empty
+// text when the tags ask for no command. text (size bytes) gets as much of
+// it as fits before a zero; nothing is written past size bytes, and the text
+// always ends in a zero when size is 1 or more (text may be null with a size
+// of 0). Gives the whole script's length in bytes without the zero: a result
+// of size or more means the text was cut, and result + 1 bytes hold it all.
+// It changes nothing: the image is only asked about, and the trace settings
+// that DoOptions also hands the engine directly (PrepRaster, Vectorize) are
+// not handed to it.
+ZVOPT32_API int GetOptionsScript(Dewey* image, TagSet* tags, const char* srcExt, const char* destExt,
+                                 OKAMOD* formats, char* text, int size);
+
 // Gives the engine the stored options of one conversion that are not
 // commands: the wildcard set under the root's path + "\Wildcards", the root
 // and tags, resolved for src and dest, land in out, whose path the engine
