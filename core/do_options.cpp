@@ -8,6 +8,7 @@
 
 #include "bounded_text.h"
 #include "core_win.h"
+#include "diagnostics.h"
 #include "okamod32.h"
 #include "ravicli.h"
 #include "zvopt32.h"
@@ -118,6 +119,7 @@ extern "C" ZVOPT32_API short DoOptions(Dewey* image, TagSet* tags, const char* s
     FileScriptHost host(image, tags, formats, file);
     result = zv::WriteOptionScript(host, srcExt, destExt);
     if (result != 0) {
+        Diagnostic("DoOptions: %s to %s, the script could not be written (%d)", srcExt, destExt, result);
         // The file's own close removes a file that still has its name.
         file->close(file);
         return result;
@@ -131,6 +133,7 @@ extern "C" ZVOPT32_API short DoOptions(Dewey* image, TagSet* tags, const char* s
         return -1;
 
     result = image->Test(path, nullptr, nullptr);
+    Diagnostic("DoOptions: %s to %s, the engine runs the script and gives %d", srcExt, destExt, result);
     _unlink(path);
     // The path came from the file's allocator and is ours since it left
     // the record.
