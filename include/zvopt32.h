@@ -191,11 +191,15 @@ ZVOPT32_API int DoPropertiesDlg(HWND parent, TagSet* tags, const char* appTitle,
 // ---- The save road: the save dialog and the dialogs it opens.
 extern "C" {
 
-// Asks where to write an image and in which format. path (516 bytes) holds
-// a start path or "", and gets the accepted path. srcExt null means "BMP";
-// "CAP" and "TWN" offer raster formats only. A title of "Browse" shows the
-// plain system dialog. srcType 0 takes the type from the registry. Non-zero
-// when a path was accepted.
+// The room of the path buffer that DoSaveDlg fills: the system's dialog
+// writes the name into it with this limit.
+#define ZV_SAVE_PATH_SIZE 516
+
+// Asks where to write an image and in which format. path (ZV_SAVE_PATH_SIZE
+// bytes) holds a start path or "", and gets the accepted path. srcExt null
+// means "BMP"; "CAP" and "TWN" offer raster formats only. A title of
+// "Browse" shows the plain system dialog. srcType 0 takes the type from the
+// registry. Non-zero when a path was accepted.
 ZVOPT32_API int DoSaveDlg(HWND owner, TagSet* tags, char* appTitle, char* helpFile, OKAMOD* formats, char* srcExt,
                           char* path, char* customList, char* title, Dewey* image, short srcType);
 // The same for a host with neither tags nor format registry of its own.

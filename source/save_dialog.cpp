@@ -22,6 +22,7 @@ HWND saveHookDlg = nullptr;
 namespace {
 
 constexpr int kFilterKindDest = 'D';
+static_assert(ZV_SAVE_PATH_SIZE == zv::kLongPathSize, "the host's path buffer is the dialog's file buffer");
 
 bool IsRawCapture(const char* ext)
 {
