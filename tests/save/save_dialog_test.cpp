@@ -291,6 +291,20 @@ TEST_F(SaveOptions, AMetafileForARasterSourceAsksForTheClassFirst)
     EXPECT_EQ(Tag("WMFRVFORCE"), "V");
 }
 
+TEST_F(SaveOptions, AfterTheClassDialogTheSheetFollowsTheRegistrysTypeOfTheSource)
+{
+    // A CGM source handed in as raster asks for the class; the class dialog
+    // then takes the source's type from the registry, a vector format, and
+    // a metafile of both kinds from a vector source has the vector page.
+    Open();
+    TypeName(d, "chart.wmf");
+    d.Click(kOptions).WaitWindow("Metafile Options").Click(5403).PressOk();
+    CancelSheetShowing(d, kVectorWidth);
+    Open().PressCancel();
+    Save("CGM", 1);
+    EXPECT_EQ(Tag("WMFRVFORCE"), "M");
+}
+
 TEST_F(SaveOptions, PixCountsAsRasterWhateverTheClassChosen)
 {
     Open();

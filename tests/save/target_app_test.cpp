@@ -119,13 +119,15 @@ private:
 
 TEST_F(TargetApp, ATiffFlavourTakesItsDefinitionFromTheRegistryOrKeepsTheOneThereWas)
 {
-    FlavourKey freehand("Freehand 3.1", "II*-FH31");
+    // A definition fills its 128 bytes with 127 characters and the end.
+    const std::string definition = "II*-FH31" + std::string(119, 'x');
+    FlavourKey freehand("Freehand 3.1", definition.c_str());
     Prime("CGM", 2);
     d.WaitWindow("Target Application").PickList(kAppList, "Freehand").PressOk();
     RunTargetApp();
     EXPECT_EQ(Tag("VDESTTYPE"), "TIF");
     EXPECT_EQ(Tag("TIFFLAV"), "Freehand 3.1");
-    EXPECT_EQ(Tag("TIFTYPE"), "II*-FH31");
+    EXPECT_EQ(Tag("TIFTYPE"), definition);
 
     Prime("BMP", 1);
     ZvSetTag(&tags, "TIFTYPE", "kept");
@@ -135,15 +137,18 @@ TEST_F(TargetApp, ATiffFlavourTakesItsDefinitionFromTheRegistryOrKeepsTheOneTher
     EXPECT_EQ(Tag("TIFTYPE"), "kept");
 }
 
-TEST_F(TargetApp, TheSaveDialogsButtonSelectsTheChosenFormat)
+TEST_F(TargetApp, TheSaveDialogsButtonSelectsTheChosenFormatAndTheNameFollows)
 {
     SetPath(TempFolder() + "\\page.bmp");
-    Open().Click(kTargetApp).WaitWindow("Target Application").PickList(kAppList, "Publisher").PressOk();
+    // A typed extension that is no format leaves Options off...
+    TypeName(Open(), "page.xyz").ExpectEnabled(kOptions, false);
+    d.Click(kTargetApp).WaitWindow("Target Application").PickList(kAppList, "Publisher").PressOk();
     Open().Do([](HWND dialog) {
         EXPECT_EQ(SelectedType(dialog).find("CompuServe GIF"), 0u) << SelectedType(dialog);
         EXPECT_EQ(DialogDriver::TextOf(NameBox(dialog)), "page.GIF");
     });
-    d.PressOk();
+    // ...and the name the button writes is handled as if typed: GIF has options.
+    d.ExpectEnabled(kOptions, true).PressOk();
     EXPECT_NE(Save(), 0);
     EXPECT_EQ(std::string(path), TempFolder() + "\\page.GIF");
     EXPECT_EQ(Tag("RAPPTYPE"), "Publisher");
