@@ -7,27 +7,18 @@
 
 #include "bounded_text.h"
 #include "core_win.h"
+#include "option_core.h"
 #include "ravicli.h"
 #include "zvwio32.h"
 
 namespace {
-
-int IsOn(TagSet* tags, const char* key)
-{
-    const char* value = ZvGetTag(tags, key);
-    return value != nullptr && lstrcmpiA(value, "ON") == 0 ? 1 : 0;
-}
 
 // The key of "BVIS": the caller's own source text, not its internal
 // extension as in the other preview tags.
 void WriteBVis(int bvis)
 {
     OptionContext* o = Options();
-    char key[600];
-    zv::CopyBounded(key, o->srcExt);
-    zv::AppendBounded(key, o->destKey);
-    zv::AppendBounded(key, "BVIS");
-    ZvSetTag(o->tags, key, bvis ? "ON" : "OFF");
+    ZvSetTag(o->tags, zv::TagKey(o->srcExt, o->destKey, "BVIS"), bvis ? "ON" : "OFF");
 }
 
 // The stored flags and adjustments, with one effect changed; the rebuild of
@@ -201,35 +192,30 @@ short ReplayPreviewTags(const char* rotKey, const char* prefix)
     OptionContext* o = Options();
     if (o->previewDewey == nullptr)
         return 1;
-    char key[600];
-    auto keyOf = [&](const char* start, const char* name) {
-        zv::CopyBounded(key, start != nullptr ? start : "");
-        zv::AppendBounded(key, name);
-        return key;
-    };
-    float angle = static_cast<float>(360.0 - ZvGetFloatTag(o->tags, keyOf(rotKey, "ROT")));
-    int flipV = IsOn(o->tags, keyOf(prefix, "FLIPV"));
-    int flipH = IsOn(o->tags, keyOf(prefix, "FLIPH"));
+    using Key = zv::TagKey;
+    float angle = static_cast<float>(360.0 - ZvGetFloatTag(o->tags, Key(rotKey, "ROT")));
+    int flipV = TagIsOn(o->tags, Key(prefix, "FLIPV"));
+    int flipH = TagIsOn(o->tags, Key(prefix, "FLIPH"));
     short status = SetPreviewRotation(angle, flipV, flipH);
     if (status != 0)
         return status;
-    int hist = IsOn(o->tags, keyOf(prefix, "HIST"));
-    short contrast = static_cast<short>(ZvGetIntTag(o->tags, keyOf(prefix, "CONTRAST")));
-    short bright = static_cast<short>(ZvGetIntTag(o->tags, keyOf(prefix, "BRIGHT")));
-    short gamma = static_cast<short>(ZvGetIntTag(o->tags, keyOf(prefix, "GAMMA")));
+    int hist = TagIsOn(o->tags, Key(prefix, "HIST"));
+    short contrast = static_cast<short>(ZvGetIntTag(o->tags, Key(prefix, "CONTRAST")));
+    short bright = static_cast<short>(ZvGetIntTag(o->tags, Key(prefix, "BRIGHT")));
+    short gamma = static_cast<short>(ZvGetIntTag(o->tags, Key(prefix, "GAMMA")));
     status = SetPreviewGamma(contrast, bright, gamma, hist);
     if (status != 0)
         return status;
     // The effects go straight to the picture, after the rebuild above.
-    o->previewReverseBW = IsOn(o->tags, keyOf(prefix, "REVBW"));
+    o->previewReverseBW = TagIsOn(o->tags, Key(prefix, "REVBW"));
     if (o->previewReverseBW)
         o->previewDewey->ReverseBW();
-    o->previewInvert = IsOn(o->tags, keyOf(prefix, "INV"));
+    o->previewInvert = TagIsOn(o->tags, Key(prefix, "INV"));
     if (o->previewInvert)
         o->previewDewey->Invert();
     o->previewGrayize = 0;
     o->previewBlackize = 0;
-    const char* cog = ZvGetTag(o->tags, keyOf(prefix, "COG"));
+    const char* cog = ZvGetTag(o->tags, Key(prefix, "COG"));
     if (cog != nullptr && lstrcmpiA(cog, "G") == 0) {
         o->previewDewey->Grayize();
         o->previewGrayize = 1;
@@ -237,6 +223,6 @@ short ReplayPreviewTags(const char* rotKey, const char* prefix)
         o->previewDewey->Blackize();
         o->previewBlackize = 1;
     }
-    o->previewBVis = IsOn(o->tags, keyOf(prefix, "BVIS"));
+    o->previewBVis = TagIsOn(o->tags, Key(prefix, "BVIS"));
     return 0;
 }

@@ -19,17 +19,17 @@
 
 // Stretches previewDewey over the control's client area; the caller sees to
 // it that there is a preview.
-ZVOPT32_INTERNAL void PaintPreview(HWND control);
+void PaintPreview(HWND control);
 // Sizes and centres control inside the sibling frameId so that the image,
 // rotated by angle degrees, fills it with the aspect of the host's image.
-ZVOPT32_INTERNAL void FitPreview(HWND control, float angle, int frameId);
+void FitPreview(HWND control, float angle, int frameId);
 // Throws previewDewey away and makes it anew from previewBase with these
 // effects; stores nothing in the context (its callers do).
-ZVOPT32_INTERNAL short RebuildPreview(int reverseBW, int invert, int bvis, int grayize, int blackize, int angle,
-                                      int flipV, int flipH, short contrast, short bright, short gamma, int hist);
-ZVOPT32_INTERNAL short SetPreviewGamma(short contrast, short bright, short gamma, int hist);
-ZVOPT32_INTERNAL short SetPreviewRotation(float angle, int flipV, int flipH);
+short RebuildPreview(int reverseBW, int invert, int bvis, int grayize, int blackize, int angle, int flipV,
+                     int flipH, short contrast, short bright, short gamma, int hist);
+short SetPreviewGamma(short contrast, short bright, short gamma, int hist);
+short SetPreviewRotation(float angle, int flipV, int flipH);
 // 1 when any value changed, else 0.
-ZVOPT32_INTERNAL int SetPreviewFlags(int reverseBW, int invert, int bvis, int grayize, int blackize);
+int SetPreviewFlags(int reverseBW, int invert, int bvis, int grayize, int blackize);
 // Brings a fresh preview in line with the tags of rotKey and prefix.
-ZVOPT32_INTERNAL short ReplayPreviewTags(const char* rotKey, const char* prefix);
+short ReplayPreviewTags(const char* rotKey, const char* prefix);

@@ -7,6 +7,13 @@
 
 namespace zv {
 
+// The sizes of the library's fixed text buffers, besides the tag keys
+// (kKeySize in option_core.h): a caption, a path of the system's length,
+// and the long path that file dialogs and the engine's file names take.
+constexpr std::size_t kCaptionSize = 128;
+constexpr std::size_t kPathSize = 260;
+constexpr std::size_t kLongPathSize = 516;
+
 // Copies src into dst[size]. A null src copies as the empty text.
 // Returns the length written (without the terminator).
 std::size_t CopyBounded(char* dst, std::size_t size, const char* src);

@@ -3,6 +3,7 @@
 #include <cstring>
 
 #include "bounded_text.h"
+#include "diagnostics.h"
 #include "option_core.h"
 #include "ravicli.h"
 #include "zvopt32.h"
@@ -13,8 +14,8 @@ const short kSectionFailed = -1007;
 
 short ShareVector(Dewey* source, Dewey* clone)
 {
-    char section[32] = {};
-    char file[516] = {};
+    char section[kDeweySectionNameSize] = {};
+    char file[kDeweyFileNameSize] = {};
     source->GetSectionName(section);
     source->GetFileName(file);
     return clone->ResurrectSection(section, file);
@@ -55,7 +56,7 @@ short CopyFromView(Dewey* source, Dewey* clone, const void* view)
     }
     std::memcpy(copy, view, bytes);
 
-    char file[516] = {};
+    char file[kDeweyFileNameSize] = {};
     source->GetFileName(file);
     result = clone->ResurrectSection(name, file);
 
@@ -65,13 +66,8 @@ short CopyFromView(Dewey* source, Dewey* clone, const void* view)
     return result;
 }
 
-}  // namespace
-
-extern "C" ZVOPT32_API short DoClone(Dewey* source, Dewey** clone)
+short CloneRaster(Dewey* source, Dewey* clone)
 {
-    if (!source->IsRaster())
-        return ShareVector(source, *clone);
-
     Louie* louie = source->louie;
     if (louie == nullptr)
         return kSectionFailed;
@@ -82,7 +78,17 @@ extern "C" ZVOPT32_API short DoClone(Dewey* source, Dewey** clone)
     void* view = MapViewOfFile(louie->section, FILE_MAP_WRITE, 0, 0, 0);
     if (view == nullptr)
         return kSectionFailed;
-    short result = CopyFromView(source, *clone, view);
+    short result = CopyFromView(source, clone, view);
     UnmapViewOfFile(view);
+    return result;
+}
+
+}  // namespace
+
+extern "C" ZVOPT32_API short DoClone(Dewey* source, Dewey** clone)
+{
+    const bool raster = source->IsRaster() != 0;
+    short result = raster ? CloneRaster(source, *clone) : ShareVector(source, *clone);
+    Diagnostic("DoClone: %s image, gives %d", raster ? "raster" : "vector", result);
     return result;
 }

@@ -1,9 +1,14 @@
 // DoOptions: the stored options of a conversion replayed on an image. The
 // commands go to a temporary file that the engine runs with Dewey::Test;
-// the trace numbers are exported so that hosts can build the same commands.
+// GetOptionsScript gives a host the same commands as text. The trace
+// numbers are exported so that hosts can build the same commands.
 #include <io.h>
 
+#include <climits>
+
+#include "bounded_text.h"
 #include "core_win.h"
+#include "diagnostics.h"
 #include "okamod32.h"
 #include "ravicli.h"
 #include "zvopt32.h"
@@ -11,11 +16,13 @@
 
 namespace {
 
-// The image, the registry, the tags and the open script file of one call.
+// The image, the registry and the tags of one call, as the script writer
+// sees them. Where the script goes is the sink's, below: DoOptions and
+// GetOptionsScript share everything else, so their commands cannot differ.
 class DeweyScriptHost : public zv::ScriptHost {
 public:
-    DeweyScriptHost(Dewey* image, TagSet* tags, tagSFILE* file, OKAMOD* formats)
-        : image_(image), tags_(tags), access_(tags), file_(file), formats_(formats)
+    DeweyScriptHost(Dewey* image, TagSet* tags, OKAMOD* formats)
+        : image_(image), tags_(tags), access_(tags), formats_(formats)
     {
     }
 
@@ -36,6 +43,26 @@ public:
     }
     int IsModRaster(const char* ext) override { return ZvIsModRaster(formats_, ext); }
     int FormatType(const char* ext) override { return formats_->GetType(ZvGetIndex(formats_, ext)); }
+
+protected:
+    Dewey* image_;
+
+private:
+    TagSet* tags_;
+    TagSetAccess access_;
+    StringTableLists lists_;
+    OKAMOD* formats_;
+};
+
+// DoOptions' sink: the open script file, and the engine, which is told the
+// trace settings directly as well.
+class FileScriptHost final : public DeweyScriptHost {
+public:
+    FileScriptHost(Dewey* image, TagSet* tags, OKAMOD* formats, tagSFILE* file)
+        : DeweyScriptHost(image, tags, formats), file_(file)
+    {
+    }
+
     void PrepRaster(short undither, short despeckle, short maxColors) override
     {
         image_->PrepRaster(undither, despeckle, maxColors);
@@ -48,12 +75,35 @@ public:
     short FileError() override { return file_->error; }
 
 private:
-    Dewey* image_;
-    TagSet* tags_;
-    TagSetAccess access_;
-    StringTableLists lists_;
     tagSFILE* file_;
-    OKAMOD* formats_;
+};
+
+// GetOptionsScript's sink: a host's buffer, which gets what fits while the
+// whole length is counted. The host only reads the script, so its image is
+// not told anything.
+class TextScriptHost final : public DeweyScriptHost {
+public:
+    TextScriptHost(Dewey* image, TagSet* tags, OKAMOD* formats, char* text, int size)
+        : DeweyScriptHost(image, tags, formats), text_(text), size_(text != nullptr && size > 0 ? size : 0)
+    {
+        zv::CopyBounded(text_, size_, "");
+    }
+
+    void PrepRaster(short, short, short) override {}
+    void Vectorize(short, short, short, short, short, short) override {}
+    void Write(const char* bytes, unsigned long length) override
+    {
+        zv::AppendBoundedN(text_, size_, bytes, length);
+        length_ += length;
+    }
+    short FileError() override { return 0; }
+
+    int Length() const { return length_ < INT_MAX ? static_cast<int>(length_) : INT_MAX; }
+
+private:
+    char* text_;
+    std::size_t size_;
+    unsigned long long length_ = 0;
 };
 
 }  // namespace
@@ -66,9 +116,10 @@ extern "C" ZVOPT32_API short DoOptions(Dewey* image, TagSet* tags, const char* s
     if (result != 0)
         return result;
 
-    DeweyScriptHost host(image, tags, file, formats);
+    FileScriptHost host(image, tags, formats, file);
     result = zv::WriteOptionScript(host, srcExt, destExt);
     if (result != 0) {
+        Diagnostic("DoOptions: %s to %s, the script could not be written (%d)", srcExt, destExt, result);
         // The file's own close removes a file that still has its name.
         file->close(file);
         return result;
@@ -82,11 +133,20 @@ extern "C" ZVOPT32_API short DoOptions(Dewey* image, TagSet* tags, const char* s
         return -1;
 
     result = image->Test(path, nullptr, nullptr);
+    Diagnostic("DoOptions: %s to %s, the engine runs the script and gives %d", srcExt, destExt, result);
     _unlink(path);
     // The path came from the file's allocator and is ours since it left
     // the record.
     OkiFreeSMem(path);
     return result;
+}
+
+extern "C" ZVOPT32_API int GetOptionsScript(Dewey* image, TagSet* tags, const char* srcExt, const char* destExt,
+                                            OKAMOD* formats, char* text, int size)
+{
+    TextScriptHost host(image, tags, formats, text, size);
+    zv::WriteOptionScript(host, srcExt, destExt);
+    return host.Length();
 }
 
 extern "C" ZVOPT32_API short TraceGetMethod(TagSet* tags, const char* prefix)

@@ -9,6 +9,8 @@
 #include <cstddef>
 #include <cstdint>
 
+#include "format_types.h"
+
 namespace zv {
 
 // ---------------------------------------------------------------- keys
@@ -45,6 +47,23 @@ inline bool MakeTraceKey(char (&key)[kKeySize], const char* s, const char* k, co
 {
     return MakeKey(key, s, k, method, name);
 }
+
+// A key of two to four parts in the buffer every reader uses, for a call
+// that takes the key at once: ZvGetTag(tags, TagKey(destKey, "UNITS")).
+struct TagKey {
+    char text[kKeySize];
+    TagKey(const char* a, const char* b) { MakeKey(text, a, b); }
+    TagKey(const char* a, const char* b, const char* c) { MakeKey(text, a, b, c); }
+    TagKey(const char* a, const char* b, const char* c, const char* d) { MakeKey(text, a, b, c, d); }
+    operator const char*() const { return text; }
+};
+
+// The name of the tag, behind the destination part, that says what a
+// metafile destination holds, and the format type its value stands for:
+// "R" raster, "V" vector, "M" both (a metafile), in any case; kFormatNone
+// for no value or any other text.
+constexpr char kMetafileClassTag[] = "RVFORCE";
+int MetafileClassType(const char* value);
 
 // The prefix under which a choice made for one conversion is kept for any
 // destination: the prefix with every "~" turned into "?" (BMP~~~ gives

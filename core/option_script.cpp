@@ -16,12 +16,8 @@ namespace zv {
 
 void TraceMakeTag(TagAccess& tags, const char* prefix, const char* name, char* key)
 {
-    char methodKey[kKeySize];
-    MakeKey(methodKey, prefix, "TRACE");
-    const char* method = tags.Get(methodKey);
-    CopyBounded(key, kKeySize, prefix);
-    AppendBounded(key, kKeySize, method);
-    AppendBounded(key, kKeySize, name);
+    const char* method = tags.Get(TagKey(prefix, "TRACE"));
+    CopyBounded(key, kKeySize, TagKey(prefix, method, name));
 }
 
 namespace {
@@ -283,18 +279,13 @@ void WriteReduce(ScriptHost& host, const char* src, const char* dest, int depth)
 // vector or 3D format, or a metafile that the user forced to vector.
 bool WantsTrace(ScriptHost& host, const char* src, const char* dest)
 {
-    int srcType = host.FormatType(src);
-    if (srcType != 1 && srcType != 5)
+    if (!IsRasterType(host.FormatType(src)))
         return false;
     int destType = host.FormatType(dest);
-    if (destType == 2 || destType == 6)
+    if (destType == kFormatVector || destType == kFormatEntity)
         return true;
-    if (destType != 3)
-        return false;
-    char key[kKeySize];
-    MakeKey(key, dest, "RVFORCE");
-    const char* force = host.Tags().Get(key);
-    return force != nullptr && EqualNoCase(force, "V");
+    return destType == kFormatMetafile &&
+           MetafileClassType(host.Tags().Get(TagKey(dest, kMetafileClassTag))) == kFormatVector;
 }
 
 void WriteTrace(ScriptHost& host, const char* src, const char* dest)

@@ -1,4 +1,8 @@
+// Every call of the three reaches the diagnostics too, since what the user
+// was told or shown is what a report from the field most needs.
 #include "seams.h"
+
+#include "diagnostics.h"
 
 namespace {
 
@@ -13,6 +17,7 @@ extern "C" ZVOPT32_API void ZvSetPlatformSeams(const ZvPlatformSeams* seams)
 
 BOOL SeamWinHelp(HWND window, LPCSTR helpFile, UINT command, ULONG_PTR data)
 {
+    Diagnostic("help: %s, command %u", helpFile != nullptr ? helpFile : "(none)", command);
     if (g_seams.winHelp)
         return g_seams.winHelp(window, helpFile, command, data);
     return WinHelpA(window, helpFile, command, data);
@@ -20,6 +25,7 @@ BOOL SeamWinHelp(HWND window, LPCSTR helpFile, UINT command, ULONG_PTR data)
 
 BOOL SeamMessageBeep(UINT type)
 {
+    Diagnostic("beep");
     if (g_seams.messageBeep)
         return g_seams.messageBeep(type);
     return MessageBeep(type);
@@ -27,6 +33,7 @@ BOOL SeamMessageBeep(UINT type)
 
 int SeamMessageBox(HWND owner, LPCSTR text, LPCSTR caption, UINT type)
 {
+    Diagnostic("message box: %s", text != nullptr ? text : "");
     if (g_seams.messageBox)
         return g_seams.messageBox(owner, text, caption, type);
     return MessageBoxA(owner, text, caption, type);

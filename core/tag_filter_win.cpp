@@ -2,6 +2,7 @@
 // TagSet chains.
 #include "bounded_text.h"
 #include "core_win.h"
+#include "diagnostics.h"
 #include "ravicli.h"
 #include "zvopt32.h"
 
@@ -23,7 +24,7 @@ extern "C" ZVOPT32_API void FilterOptions(Dewey* image, TagSet* tags, TagSet* ou
     // has none. The order is the precedence: wildcards, the root, tags.
     const char* rootPath = root->GetPath();
     if (rootPath != nullptr && rootPath[0] != '\0') {
-        char path[516];
+        char path[zv::kLongPathSize];
         zv::CopyBounded(path, rootPath);
         zv::AppendBounded(path, "\\Wildcards");
         TagSet* wildcards = new TagSet;
@@ -35,7 +36,9 @@ extern "C" ZVOPT32_API void FilterOptions(Dewey* image, TagSet* tags, TagSet* ou
     FilterTagList(tags, out, src, dest);
 
     const char* outPath = out->GetPath();
-    image->RefreshOptions(outPath != nullptr ? outPath : "");
+    short refreshed = image->RefreshOptions(outPath != nullptr ? outPath : "");
+    Diagnostic("FilterOptions: %s to %s, the engine reads %s and gives %d", src, dest,
+               outPath != nullptr ? outPath : "(no stored set)", refreshed);
 }
 
 extern "C" ZVOPT32_API void TranslateOneTag(TagSet* tags, const char* prefix, const char* oldKey,

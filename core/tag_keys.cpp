@@ -31,6 +31,17 @@ bool MakeKey(char (&key)[kKeySize], const char* a, const char* b, const char* c,
     return whole;
 }
 
+int MetafileClassType(const char* value)
+{
+    if (EqualNoCase(value, "R"))
+        return kFormatRaster;
+    if (EqualNoCase(value, "V"))
+        return kFormatVector;
+    if (EqualNoCase(value, "M"))
+        return kFormatMetafile;
+    return kFormatNone;
+}
+
 void MakeWildcardPrefix(char (&out)[kKeySize], const char* prefix)
 {
     CopyBounded(out, prefix);

@@ -11,17 +11,6 @@
 #include "preview.h"
 #include "toolkit.h"
 
-using zv::OutputSizeState;
-
-// A tag key made of two or three parts, in the buffer every reader uses.
-struct TagKey {
-    char text[zv::kKeySize];
-    TagKey(const char* part, const char* name) { zv::MakeKey(text, part, name); }
-    TagKey(const char* a, const char* b, const char* name) { zv::MakeKey(text, a, b, name); }
-    operator const char*() const { return text; }
-};
-
-
 // --- The shared size logic. Every routine takes the page's dialog and
 // addresses its controls by the fixed numbers of output_ids.h; a control
 // that a template lacks is simply passed over.
@@ -29,25 +18,28 @@ struct TagKey {
 // Fills the shared controls from the tags (from the page's WM_INITDIALOG,
 // with the page's record already in place, since the edits it writes call
 // back through OnOutputCommand).
-void InitOutputPage(HWND dialog, OutputSizeState* state);
+void InitOutputPage(HWND dialog, zv::OutputSizeState* state);
 // Every WM_COMMAND of a page goes here first. 1 when the control was one
 // of the shared ones.
-int OnOutputCommand(HWND dialog, WPARAM wParam, LPARAM lParam, OutputSizeState* state);
+int OnOutputCommand(HWND dialog, WPARAM wParam, LPARAM lParam, zv::OutputSizeState* state);
 // Writes the shared controls into the tags, at PSN_KILLACTIVE. Sets
 // pageValid; a bad value clears it.
-void RetrieveOutputPage(HWND dialog, OutputSizeState* state);
+void RetrieveOutputPage(HWND dialog, zv::OutputSizeState* state);
 
-double OnWidthChange(HWND dialog, WPARAM wParam, OutputSizeState* state);
-double OnHeightChange(HWND dialog, WPARAM wParam, OutputSizeState* state);
-double OnHorzResChange(HWND dialog, WPARAM wParam, OutputSizeState* state);
-double OnVertResChange(HWND dialog, WPARAM wParam, OutputSizeState* state);
-void OnUnitsChange(HWND dialog, WPARAM wParam, OutputSizeState* state);
+double OnWidthChange(HWND dialog, WPARAM wParam, zv::OutputSizeState* state);
+double OnHeightChange(HWND dialog, WPARAM wParam, zv::OutputSizeState* state);
+double OnHorzResChange(HWND dialog, WPARAM wParam, zv::OutputSizeState* state);
+double OnVertResChange(HWND dialog, WPARAM wParam, zv::OutputSizeState* state);
+void OnUnitsChange(HWND dialog, WPARAM wParam, zv::OutputSizeState* state);
 void UpdateScalingControls(HWND dialog);
 void UpdateResolutionControls(HWND dialog);
 int OnGrayscaleClick(HWND dialog);
 int OnAllBlackClick(HWND dialog);
 // In "MULT" a size given on one side only holds for both sides.
 void CopyMultiplesSize(HWND dialog);
+// The destination's extension and a blank in front of the window's caption,
+// as a conversion to a file shows it.
+void PutDestinationInCaption(HWND window);
 // Tells the user that the page's record could not be had, and ends it.
 void ReportPageOutOfMemory(HWND dialog);
 
@@ -70,7 +62,7 @@ public:
     void OnCancel() override;
 
 private:
-    OutputSizeState* m_state;
+    zv::OutputSizeState* m_state;
 };
 
 class CVectorOutPropPage : public CPropertyPage {
@@ -101,5 +93,5 @@ public:
 
 private:
     void InitPage();
-    OutputSizeState* m_state;
+    zv::OutputSizeState* m_state;
 };

@@ -10,6 +10,9 @@
 #include "zvopt32.h"
 #include "zvwio32.h"
 
+using zv::OutputSizeState;
+using zv::TagKey;
+
 CEntityOutPropPage::CEntityOutPropPage() : CPropertyPage(IDD_ENTITY_OUT), m_state(nullptr) {}
 
 CEntityOutPropPage::~CEntityOutPropPage()
@@ -39,15 +42,8 @@ void CEntityOutPropPage::InitPage()
     const char* units = ZvGetTag(tags, TagKey(k, "UNITS"));
     zv::CopyBounded(m_state->units, units != nullptr && units[0] ? units : "IN");
     zv::CopyBounded(m_state->lastUnits, m_state->units);
-    if (context->operation == 2) {
-        char present[128] = {};
-        ::GetWindowTextA(m_hWnd, present, sizeof present);
-        char caption[128];
-        zv::CopyBounded(caption, context->destExt);
-        zv::AppendBounded(caption, " ");
-        zv::AppendBounded(caption, present);
-        ::SetWindowTextA(m_hWnd, caption);
-    }
+    if (context->operation == 2)
+        PutDestinationInCaption(m_hWnd);
     m_state->roundStep = zv::RoundStepFor(m_state->units);
 
     ZvLoadFlavorsList(context->formats, m_hWnd, IDC_OUT_FLAVOR, IDC_OUT_FLAVOR_LABEL, k, tags);

@@ -14,15 +14,18 @@
 #include "option_core.h"
 #include "ravicli.h"
 #include "resource_ids.h"
+#include "scoped_flag.h"
 #include "seams.h"
 #include "zvopt32.h"
 #include "zvwio32.h"
+
+using zv::OutputSizeState;
 
 namespace {
 
 constexpr int kNumberText = 32;  // an edit's number is read from at most 31 characters
 
-using Key = TagKey;
+using Key = zv::TagKey;
 
 TagSet* Tags()
 {
@@ -114,9 +117,8 @@ int ScalingListId()
 // Writes an edit of the page itself: its EN_CHANGE is not a user's.
 void WriteGuarded(HWND dialog, int id, double value, OutputSizeState* state)
 {
-    state->updating = 1;
+    ScopedFlag updating(state->updating);
     WriteRounded(dialog, id, value, state->roundStep);
-    state->updating = 0;
 }
 
 bool TypedByUser(HWND dialog, WPARAM wParam, const OutputSizeState* state)
@@ -150,15 +152,8 @@ void SetSheetCaption(HWND dialog)
         if (LoadStringA(LibraryModule(), IDS_METAFILE_OPTIONS, caption, sizeof caption) > 0)
             SetWindowTextA(sheet, caption);
     }
-    if (context->operation == 2) {
-        char present[128] = {};
-        GetWindowTextA(sheet, present, sizeof present);
-        char caption[128];
-        zv::CopyBounded(caption, context->destExt);
-        zv::AppendBounded(caption, " ");
-        zv::AppendBounded(caption, present);
-        SetWindowTextA(sheet, caption);
-    }
+    if (context->operation == 2)
+        PutDestinationInCaption(sheet);
 }
 
 void DisplayChecks(HWND dialog, const char* prefix)
@@ -220,6 +215,17 @@ void OnScalingChange(HWND dialog)
 }
 
 }  // namespace
+
+void PutDestinationInCaption(HWND window)
+{
+    char present[zv::kCaptionSize] = {};
+    GetWindowTextA(window, present, sizeof present);
+    char caption[zv::kCaptionSize];
+    zv::CopyBounded(caption, Options()->destExt);
+    zv::AppendBounded(caption, " ");
+    zv::AppendBounded(caption, present);
+    SetWindowTextA(window, caption);
+}
 
 void InitOutputPage(HWND dialog, OutputSizeState* state)
 {
@@ -412,7 +418,7 @@ double OnVertResChange(HWND dialog, WPARAM wParam, OutputSizeState* state)
 
 void OnUnitsChange(HWND dialog, WPARAM wParam, OutputSizeState* state)
 {
-    state->updating = 1;
+    ScopedFlag updating(state->updating);
     UpdateScalingControls(dialog);
     UpdateResolutionControls(dialog);
     if (HIWORD(wParam) == CBN_SELCHANGE) {
@@ -433,7 +439,6 @@ void OnUnitsChange(HWND dialog, WPARAM wParam, OutputSizeState* state)
                 WriteRounded(dialog, IDC_OUT_HEIGHT, state->height, state->roundStep);
         }
     }
-    state->updating = 0;
 }
 
 void UpdateScalingControls(HWND dialog)

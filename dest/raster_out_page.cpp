@@ -8,6 +8,9 @@
 #include "zvopt32.h"
 #include "zvwio32.h"
 
+using zv::OutputSizeState;
+using zv::TagKey;
+
 CRasterOutPropPage::CRasterOutPropPage() : CPropertyPage(IDD_RASTER_OUT), m_state(nullptr) {}
 
 CRasterOutPropPage::~CRasterOutPropPage()

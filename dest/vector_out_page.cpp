@@ -10,6 +10,8 @@
 #include "zvopt32.h"
 #include "zvwio32.h"
 
+using zv::TagKey;
+
 namespace {
 
 // The unit shown now, and the one the two numbers are in.
@@ -58,13 +60,7 @@ void CVectorOutPropPage::InitPage()
         zv::CopyBounded(source, ZvGetInternalExt(context->formats, context->srcExt));
     zv::CopyBounded(context->destKey, ZvGetInternalExt(context->formats, context->destKey));
     if (context->operation == 2) {
-        char present[128] = {};
-        ::GetWindowTextA(m_hWnd, present, sizeof present);
-        char caption[128];
-        zv::CopyBounded(caption, context->destExt);
-        zv::AppendBounded(caption, " ");
-        zv::AppendBounded(caption, present);
-        ::SetWindowTextA(m_hWnd, caption);
+        PutDestinationInCaption(m_hWnd);
     } else if (context->operation == 5) {
         zv::CopyBounded(context->destKey, "CLP");
     } else if (context->operation != 6) {

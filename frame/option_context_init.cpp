@@ -7,33 +7,12 @@
 #include "core_win.h"
 #include "frame.h"
 #include "module.h"
+#include "option_core.h"
 #include "okamod32.h"
 #include "ravicli.h"
 #include "zvwio32.h"
 
 namespace {
-
-// "ON" in any case; an absent tag is off.
-int IsOn(TagSet* tags, const char* key)
-{
-    const char* value = ZvGetTag(tags, key);
-    return value != nullptr && lstrcmpiA(value, "ON") == 0 ? 1 : 0;
-}
-
-// The library's folder, without the final backslash; false when the path
-// can't be had.
-bool LibraryFolder(char (&path)[260])
-{
-    path[0] = '\0';
-    DWORD length = GetModuleFileNameA(LibraryModule(), path, sizeof path);
-    if (length == 0 || length >= sizeof path)
-        return false;
-    char* slash = strrchr(path, '\\');
-    if (slash == nullptr)
-        return false;
-    *slash = '\0';
-    return true;
-}
 
 short TypeOf(OKAMOD* formats, const char* ext)
 {
@@ -75,21 +54,31 @@ void SetDestination(const char* destExt)
     const char* key = o->formats != nullptr ? ZvGetInternalExt(o->formats, destExt) : destExt;
     zv::CopyBounded(o->destKey, key != nullptr ? key : "");
     o->destType = TypeOf(o->formats, destExt);
-    if (o->destType != kFormatMetafile)
-        return;
     // A metafile's content may be forced to one kind by the user.
-    char rvKey[300];
-    zv::CopyBounded(rvKey, o->destKey);
-    zv::AppendBounded(rvKey, "RVFORCE");
-    const char* force = ZvGetTag(o->tags, rvKey);
-    if (force == nullptr)
-        return;
-    if (lstrcmpiA(force, "R") == 0)
-        o->destType = kFormatRaster;
-    else if (lstrcmpiA(force, "V") == 0)
-        o->destType = kFormatVector;
-    else if (lstrcmpiA(force, "M") == 0)
-        o->destType = kFormatMetafile;
+    if (o->destType == kFormatMetafile) {
+        if (short chosen = ChosenMetafileClass())
+            o->destType = chosen;
+    }
+}
+
+bool TagIsOn(TagSet* tags, const char* key)
+{
+    return zv::IsOn(ZvGetTag(tags, key));
+}
+
+void DefaultHelpFile(char (&path)[zv::kPathSize])
+{
+    // A path that can't be had gives "?", a name that no viewer opens.
+    if (LibraryFolder(path))
+        zv::AppendBounded(path, "\\ZAVRIN.HLP");
+    else
+        zv::CopyBounded(path, "?");
+}
+
+short ChosenMetafileClass()
+{
+    OptionContext* o = Options();
+    return static_cast<short>(zv::MetafileClassType(ZvGetTag(o->tags, zv::TagKey(o->destKey, zv::kMetafileClassTag))));
 }
 
 void MakeKeyPrefix(char* out)
@@ -118,8 +107,7 @@ void MakeKeyPrefix(char* out)
         zv::CopyBounded(o->destKey, "~~~");
         break;
     }
-    zv::CopyBounded(out, 64, source);
-    zv::AppendBounded(out, 64, o->destKey);
+    zv::CopyBounded(out, zv::kKeySize, zv::TagKey(source, o->destKey));
 }
 
 void InitOptionContext(HWND parent, TagSet* tags, const char* appTitle, const char* helpFile, OKAMOD* formats,
@@ -128,7 +116,7 @@ void InitOptionContext(HWND parent, TagSet* tags, const char* appTitle, const ch
 {
     OptionContext* o = Options();
 
-    char folder[260];
+    char folder[zv::kPathSize];
     LibraryFolder(folder);
     zv::CopyBounded(o->moduleDir, folder);
 
@@ -156,40 +144,28 @@ void InitOptionContext(HWND parent, TagSet* tags, const char* appTitle, const ch
     if (appTitle != nullptr)
         zv::CopyBounded(o->appTitle, appTitle);
 
-    if (helpFile != nullptr && ZvCanReadFile(helpFile)) {
+    if (helpFile != nullptr && ZvCanReadFile(helpFile))
         zv::CopyBounded(o->helpFile, helpFile);
-    } else if (LibraryFolder(folder)) {
-        zv::CopyBounded(o->helpFile, folder);
-        zv::AppendBounded(o->helpFile, "\\ZAVRIN.HLP");
-    } else {
-        zv::CopyBounded(o->helpFile, "?");
-    }
+    else
+        DefaultHelpFile(o->helpFile);
 
     if (srcType == 0)
         srcType = o->formats != nullptr && srcExt != nullptr ? TypeOf(o->formats, srcExt) : 1;
     SetSource(srcExt, srcType);
     SetDestination(destExt);
 
-    char prefix[64];
+    char prefix[zv::kKeySize];
     MakeKeyPrefix(prefix);
 
     // The preview starts with what the tags say, so that a setter given the
     // tags' values finds nothing to do.
-    char key[300];
-    zv::CopyBounded(key, o->destKey);
-    zv::AppendBounded(key, "ROT");
-    o->previewRotation = static_cast<float>(ZvGetFloatTag(o->tags, key));
-    auto prefixed = [&](const char* name) {
-        zv::CopyBounded(key, prefix);
-        zv::AppendBounded(key, name);
-        return key;
-    };
-    o->previewFlipV = IsOn(o->tags, prefixed("FLIPV"));
-    o->previewFlipH = IsOn(o->tags, prefixed("FLIPH"));
-    o->previewHist = IsOn(o->tags, prefixed("HIST"));
-    o->previewContrast = static_cast<short>(ZvGetIntTag(o->tags, prefixed("CONTRAST")));
-    o->previewBright = static_cast<short>(ZvGetIntTag(o->tags, prefixed("BRIGHT")));
-    o->previewGamma = static_cast<short>(ZvGetIntTag(o->tags, prefixed("GAMMA")));
+    o->previewRotation = static_cast<float>(ZvGetFloatTag(o->tags, zv::TagKey(o->destKey, "ROT")));
+    o->previewFlipV = TagIsOn(o->tags, zv::TagKey(prefix, "FLIPV"));
+    o->previewFlipH = TagIsOn(o->tags, zv::TagKey(prefix, "FLIPH"));
+    o->previewHist = TagIsOn(o->tags, zv::TagKey(prefix, "HIST"));
+    o->previewContrast = static_cast<short>(ZvGetIntTag(o->tags, zv::TagKey(prefix, "CONTRAST")));
+    o->previewBright = static_cast<short>(ZvGetIntTag(o->tags, zv::TagKey(prefix, "BRIGHT")));
+    o->previewGamma = static_cast<short>(ZvGetIntTag(o->tags, zv::TagKey(prefix, "GAMMA")));
 
     o->previewReverseBW = 0;
     o->previewInvert = 0;

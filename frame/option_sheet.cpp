@@ -4,29 +4,13 @@
 // write their tags only when they lose the front.
 #include "bounded_text.h"
 #include "core_win.h"
+#include "diagnostics.h"
+#include "dialog_guard.h"
 #include "frame.h"
 #include "module.h"
 #include "okaio32.h"
 #include "seams.h"
 #include "toolkit.h"
-
-bool EnterDialog()
-{
-    OptionContext* o = Options();
-    // The host's own message handlers may call in again from inside the
-    // modal loop of the running dialog.
-    if (o->inDialog) {
-        SeamMessageBeep(0);
-        return false;
-    }
-    o->inDialog = 1;
-    return true;
-}
-
-void LeaveDialog()
-{
-    Options()->inDialog = 0;
-}
 
 void UseLibraryTemplate(CPropertyPage& page)
 {
@@ -35,7 +19,8 @@ void UseLibraryTemplate(CPropertyPage& page)
 
 int RunSheetEntry(const SheetArgs& a, int wantPreview, UINT captionId, SheetBody body, void* data)
 {
-    if (!EnterDialog())
+    DialogGuard guard(a.entry);
+    if (!guard.Held())
         return 0;
     InitOptionContext(a.parent, a.tags, a.appTitle, a.helpFile, a.formats, a.srcExt, a.destExt, a.operation,
                       a.srcType, a.image, wantPreview);
@@ -47,7 +32,7 @@ int RunSheetEntry(const SheetArgs& a, int wantPreview, UINT captionId, SheetBody
         result = body(sheet, data);
     }
     Options()->sheetTags = nullptr;
-    LeaveDialog();
+    Diagnostic("%s: gives %d", a.entry, result);
     return result;
 }
 
@@ -106,9 +91,10 @@ void HideApplyButton(HWND page)
 
 INT_PTR RunCommonDialog(unsigned short dlgId, HWND parent, DLGPROC proc)
 {
-    if (!EnterDialog())
+    DialogGuard guard("dialog");
+    if (!guard.Held())
         return 0;
     INT_PTR result = DialogBoxParamA(LibraryModule(), MAKEINTRESOURCEA(dlgId), parent, proc, 0);
-    LeaveDialog();
+    Diagnostic("dialog %u: gives %d", dlgId, static_cast<int>(result));
     return result;
 }

@@ -1,9 +1,9 @@
 // The exported option sheets. Each takes the common road of RunSheetEntry
 // and differs only in its pages, its caption and whether it wants previews.
 #include "core_win.h"
+#include "dialog_guard.h"
 #include "frame.h"
 #include "resource_ids.h"
-#include "seams.h"
 #include "sheet_pages.h"
 #include "zvwio32.h"
 
@@ -32,10 +32,11 @@ int FixedSheet(const SheetArgs& args, int wantPreview, const SheetPage (&kinds)[
     return RunSheetEntry(args, wantPreview, IDS_PROCESSING_OPTIONS, RunFixedPages, &fixed);
 }
 
-SheetArgs ArgsOf(HWND parent, TagSet* tags, const char* appTitle, const char* helpFile, OKAMOD* formats,
-                 const char* srcExt, const char* destExt, short operation, short srcType, Dewey* image)
+SheetArgs ArgsOf(const char* entry, HWND parent, TagSet* tags, const char* appTitle, const char* helpFile,
+                 OKAMOD* formats, const char* srcExt, const char* destExt, short operation, short srcType,
+                 Dewey* image)
 {
-    return SheetArgs{parent, tags, appTitle, helpFile, formats, srcExt, destExt, operation, srcType, image};
+    return SheetArgs{entry, parent, tags, appTitle, helpFile, formats, srcExt, destExt, operation, srcType, image};
 }
 
 int RunDestPages(CPropertySheet& sheet, void* data)
@@ -83,7 +84,8 @@ ZVOPT32_API int DoDestOptionsDlg(HWND parent, unsigned short dlgId, TagSet* tags
                                  const char* helpFile, OKAMOD* formats, const char* srcExt, const char* destExt,
                                  short operation, short srcType, Dewey* image)
 {
-    SheetArgs args = ArgsOf(parent, tags, appTitle, helpFile, formats, srcExt, destExt, operation, srcType, image);
+    SheetArgs args = ArgsOf(__func__, parent, tags, appTitle, helpFile, formats, srcExt, destExt, operation, srcType,
+                            image);
     return RunSheetEntry(args, 1, IDS_PROCESSING_OPTIONS, RunDestPages, &dlgId);
 }
 
@@ -93,10 +95,8 @@ ZVOPT32_API int DoSrcOptionsDlg(HWND parent, DLGPROC dlgProc, unsigned short dlg
 {
     // The runner tests the guard again; this first test keeps a refused
     // call from touching the context of the dialog in hand.
-    if (Options()->inDialog) {
-        SeamMessageBeep(0);
+    if (RefuseWhileDialogRuns(__func__))
         return 0;
-    }
     InitOptionContext(parent, tags, appTitle, helpFile, formats, srcExt, destExt, operation, srcType, image, 0);
     return static_cast<int>(RunCommonDialog(dlgId, parent, dlgProc));
 }
@@ -106,8 +106,9 @@ ZVOPT32_API int DoAdjColorsDlg(HWND parent, TagSet* tags, const char* appTitle, 
                                Dewey* image)
 {
     static const SheetPage kinds[] = {SheetPage::kAdjColors};
-    return FixedSheet(ArgsOf(parent, tags, appTitle, helpFile, formats, srcExt, destExt, operation, 0, image), 1,
-                      kinds);
+    SheetArgs args = ArgsOf(__func__, parent, tags, appTitle, helpFile, formats, srcExt, destExt, operation, 0,
+                            image);
+    return FixedSheet(args, 1, kinds);
 }
 
 ZVOPT32_API int DoEditColorsDlg(HWND parent, TagSet* tags, const char* appTitle, const char* helpFile,
@@ -115,8 +116,9 @@ ZVOPT32_API int DoEditColorsDlg(HWND parent, TagSet* tags, const char* appTitle,
                                 Dewey* image)
 {
     static const SheetPage kinds[] = {SheetPage::kEditColors};
-    return FixedSheet(ArgsOf(parent, tags, appTitle, helpFile, formats, srcExt, destExt, operation, 0, image), 0,
-                      kinds);
+    SheetArgs args = ArgsOf(__func__, parent, tags, appTitle, helpFile, formats, srcExt, destExt, operation, 0,
+                            image);
+    return FixedSheet(args, 0, kinds);
 }
 
 ZVOPT32_API int DoNumColorsDlg(HWND parent, TagSet* tags, const char* appTitle, const char* helpFile,
@@ -124,8 +126,9 @@ ZVOPT32_API int DoNumColorsDlg(HWND parent, TagSet* tags, const char* appTitle, 
                                Dewey* image)
 {
     static const SheetPage kinds[] = {SheetPage::kNumColors};
-    return FixedSheet(ArgsOf(parent, tags, appTitle, helpFile, formats, srcExt, destExt, operation, 0, image), 0,
-                      kinds);
+    SheetArgs args = ArgsOf(__func__, parent, tags, appTitle, helpFile, formats, srcExt, destExt, operation, 0,
+                            image);
+    return FixedSheet(args, 0, kinds);
 }
 
 ZVOPT32_API int DoPrintPosDlg(HWND parent, TagSet* tags, const char* appTitle, const char* helpFile,
@@ -134,32 +137,36 @@ ZVOPT32_API int DoPrintPosDlg(HWND parent, TagSet* tags, const char* appTitle, c
 {
     static const SheetPage kinds[] = {SheetPage::kPrintPos, SheetPage::kAdjColors, SheetPage::kEditColors,
                                       SheetPage::kNumColors, SheetPage::kRotate};
-    return FixedSheet(ArgsOf(parent, tags, appTitle, helpFile, formats, srcExt, destExt, operation, 0, image), 1,
-                      kinds);
+    SheetArgs args = ArgsOf(__func__, parent, tags, appTitle, helpFile, formats, srcExt, destExt, operation, 0,
+                            image);
+    return FixedSheet(args, 1, kinds);
 }
 
 ZVOPT32_API int DoResizeDlg(HWND parent, TagSet* tags, const char* appTitle, const char* helpFile,
                             OKAMOD* formats, const char* srcExt, const char* destExt, short operation, Dewey* image)
 {
     static const SheetPage kinds[] = {SheetPage::kResize};
-    return FixedSheet(ArgsOf(parent, tags, appTitle, helpFile, formats, srcExt, destExt, operation, 0, image), 0,
-                      kinds);
+    SheetArgs args = ArgsOf(__func__, parent, tags, appTitle, helpFile, formats, srcExt, destExt, operation, 0,
+                            image);
+    return FixedSheet(args, 0, kinds);
 }
 
 ZVOPT32_API int DoRotateDlg(HWND parent, TagSet* tags, const char* appTitle, const char* helpFile,
                             OKAMOD* formats, const char* srcExt, const char* destExt, short operation, Dewey* image)
 {
     static const SheetPage kinds[] = {SheetPage::kRotate};
-    return FixedSheet(ArgsOf(parent, tags, appTitle, helpFile, formats, srcExt, destExt, operation, 0, image), 1,
-                      kinds);
+    SheetArgs args = ArgsOf(__func__, parent, tags, appTitle, helpFile, formats, srcExt, destExt, operation, 0,
+                            image);
+    return FixedSheet(args, 1, kinds);
 }
 
 ZVOPT32_API int DoTraceDlg(HWND parent, TagSet* tags, const char* appTitle, const char* helpFile,
                            OKAMOD* formats, const char* srcExt, const char* destExt, short operation, Dewey* image)
 {
     static const SheetPage kinds[] = {SheetPage::kTrace};
-    return FixedSheet(ArgsOf(parent, tags, appTitle, helpFile, formats, srcExt, destExt, operation, 0, image), 0,
-                      kinds);
+    SheetArgs args = ArgsOf(__func__, parent, tags, appTitle, helpFile, formats, srcExt, destExt, operation, 0,
+                            image);
+    return FixedSheet(args, 0, kinds);
 }
 
 ZVOPT32_API int DoPropertiesDlg(HWND parent, TagSet* tags, const char* appTitle, const char* helpFile,
@@ -167,7 +174,7 @@ ZVOPT32_API int DoPropertiesDlg(HWND parent, TagSet* tags, const char* appTitle,
                                 Dewey* image, RECT* rect, char* fileName)
 {
     PropertiesData data = {rect, fileName};
-    SheetArgs args = ArgsOf(parent, tags, appTitle, helpFile, formats, srcExt, destExt, operation, 0, image);
+    SheetArgs args = ArgsOf(__func__, parent, tags, appTitle, helpFile, formats, srcExt, destExt, operation, 0, image);
     return RunSheetEntry(args, 0, IDS_PROPERTIES, RunPropertiesPage, &data);
 }
 

@@ -9,7 +9,7 @@ SheetPages::SheetPages() = default;
 
 CPropertyPage* PageOf(SheetPages& pages, zv::SheetPage kind)
 {
-    // One case per page class that has joined: case kind: return &pages.member;
+    // One case per page class; the kinds without one fall through to null.
     switch (kind) {
     case zv::SheetPage::kEntityOut: return &pages.entityOut;
     case zv::SheetPage::kRasterOut: return &pages.rasterOut;

@@ -1,12 +1,10 @@
 // The page objects of the library's option sheets.
 //
-// How a page class joins the sheets: include its header here, give
-// SheetPages one member of the class, and return that member for its kind in
-// PageOf (frame/sheet_pages.cpp). From then on every sheet whose table names
-// the kind shows the page; the tables themselves (PlanDestPages for the
-// destination sheet, the lists of the entries in frame/sheet_entries.cpp)
-// already name every kind. A kind whose class hasn't joined is left out of
-// its sheet.
+// Every page class has one member in SheetPages, and PageOf
+// (frame/sheet_pages.cpp) gives that member for its kind. The tables of the
+// sheets (PlanDestPages for the destination sheet, the lists of the entries
+// in frame/sheet_entries.cpp) name every kind; a kind without a page class
+// in this library is left out of its sheet.
 #pragma once
 
 #include "dest.h"
@@ -17,13 +15,12 @@
 // whether the sheet adds it or not.
 struct SheetPages {
     SheetPages();
-    // CRasterOutPropPage rasterOut;   (one member per page class)
     CRasterOutPropPage rasterOut;
     CVectorOutPropPage vectorOut;
     CEntityOutPropPage entityOut;
 };
 
-// The page object of a kind, or null while its class isn't there.
+// The page object of a kind, or null for a kind without a page class.
 CPropertyPage* PageOf(SheetPages& pages, zv::SheetPage kind);
 
 // Adds the pages of the kinds, in order, each on its template in this

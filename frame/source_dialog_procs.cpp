@@ -1,6 +1,6 @@
-// The procedures behind the source dialog numbers. Each source dialog puts
-// its procedure in its case here as it joins the library; a case without
-// one gives null, so the number still says whether the format has a dialog.
+// The procedures behind the source dialog numbers. A number without a
+// procedure in this library gives null: the number alone still says whether
+// the format has a dialog.
 #include "frame.h"
 
 DLGPROC SourceDialogProcedure(zv::SourceDialogProc which)

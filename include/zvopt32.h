@@ -43,6 +43,19 @@ extern "C" {
 // temporary file, runs it over image with Dewey::Test, and removes it.
 ZVOPT32_API short DoOptions(Dewey* image, TagSet* tags, const char* srcExt, const char* destExt, OKAMOD* formats);
 
+// The script that DoOptions would run with the same first five arguments, as
+// text: one command a line, each line ended by LF CR ("\n\r"), the empty
+// text when the tags ask for no command. text (size bytes) gets as much of
+// it as fits before a zero; nothing is written past size bytes, and the text
+// always ends in a zero when size is 1 or more (text may be null with a size
+// of 0). Gives the whole script's length in bytes without the zero: a result
+// of size or more means the text was cut, and result + 1 bytes hold it all.
+// It changes nothing: the image is only asked about, and the trace settings
+// that DoOptions also hands the engine directly (PrepRaster, Vectorize) are
+// not handed to it.
+ZVOPT32_API int GetOptionsScript(Dewey* image, TagSet* tags, const char* srcExt, const char* destExt,
+                                 OKAMOD* formats, char* text, int size);
+
 // Gives the engine the stored options of one conversion that are not
 // commands: the wildcard set under the root's path + "\Wildcards", the root
 // and tags, resolved for src and dest, land in out, whose path the engine
@@ -178,11 +191,15 @@ ZVOPT32_API int DoPropertiesDlg(HWND parent, TagSet* tags, const char* appTitle,
 // ---- The save road: the save dialog and the dialogs it opens.
 extern "C" {
 
-// Asks where to write an image and in which format. path (516 bytes) holds
-// a start path or "", and gets the accepted path. srcExt null means "BMP";
-// "CAP" and "TWN" offer raster formats only. A title of "Browse" shows the
-// plain system dialog. srcType 0 takes the type from the registry. Non-zero
-// when a path was accepted.
+// The room of the path buffer that DoSaveDlg fills: the system's dialog
+// writes the name into it with this limit.
+#define ZV_SAVE_PATH_SIZE 516
+
+// Asks where to write an image and in which format. path (ZV_SAVE_PATH_SIZE
+// bytes) holds a start path or "", and gets the accepted path. srcExt null
+// means "BMP"; "CAP" and "TWN" offer raster formats only. A title of
+// "Browse" shows the plain system dialog. srcType 0 takes the type from the
+// registry. Non-zero when a path was accepted.
 ZVOPT32_API int DoSaveDlg(HWND owner, TagSet* tags, char* appTitle, char* helpFile, OKAMOD* formats, char* srcExt,
                           char* path, char* customList, char* title, Dewey* image, short srcType);
 // The same for a host with neither tags nor format registry of its own.

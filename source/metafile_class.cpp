@@ -1,11 +1,12 @@
 // The metafile class choice: a metafile can hold raster data, vector data or
 // both, and a raster source going into one lets the user say which. The
 // answer decides the option sheet and the commands of the conversion.
-#include "bounded_text.h"
+#include "dialog_guard.h"
 #include "frame_tables.h"
 #include "module.h"
+#include "okamod32.h"
+#include "option_core.h"
 #include "resource_ids.h"
-#include "seams.h"
 #include "source.h"
 #include "zvopt32.h"
 #include "zvwio32.h"
@@ -16,30 +17,28 @@ namespace {
 // source type without a class of its own, keeps it.
 short g_metafileChoice = IDC_METAFILE_RASTER;
 
-void RvForceKey(char (&key)[64])
-{
-    zv::CopyBounded(key, Options()->destKey);
-    zv::AppendBounded(key, "RVFORCE");
-}
-
 void InitMetafileClass(HWND dialog)
 {
     OptionContext* options = Options();
-    char key[64];
-    RvForceKey(key);
-    if (const char* stored = ZvGetTag(options->tags, key)) {
-        if (lstrcmpiA(stored, "R") == 0)
-            g_metafileChoice = IDC_METAFILE_RASTER;
-        else if (lstrcmpiA(stored, "V") == 0)
-            g_metafileChoice = IDC_METAFILE_VECTOR;
-        else if (lstrcmpiA(stored, "M") == 0)
-            g_metafileChoice = IDC_METAFILE_BOTH;
-    } else if (options->srcType == 1 || options->srcType == 5) {
+    switch (ChosenMetafileClass()) {
+    case kFormatRaster:
         g_metafileChoice = IDC_METAFILE_RASTER;
-    } else if (options->srcType == 2) {
+        break;
+    case kFormatVector:
         g_metafileChoice = IDC_METAFILE_VECTOR;
-    } else if (options->srcType == 3) {
+        break;
+    case kFormatMetafile:
         g_metafileChoice = IDC_METAFILE_BOTH;
+        break;
+    default:
+        // No choice stored: the kind of the source, if it has one.
+        if (IsRasterType(options->srcType))
+            g_metafileChoice = IDC_METAFILE_RASTER;
+        else if (options->srcType == kFormatVector)
+            g_metafileChoice = IDC_METAFILE_VECTOR;
+        else if (options->srcType == kFormatMetafile)
+            g_metafileChoice = IDC_METAFILE_BOTH;
+        break;
     }
     CheckRadioButton(dialog, IDC_METAFILE_RASTER, IDC_METAFILE_BOTH, g_metafileChoice);
     SetFocus(GetDlgItem(dialog, g_metafileChoice));
@@ -47,10 +46,8 @@ void InitMetafileClass(HWND dialog)
 
 void AcceptMetafileClass(HWND dialog)
 {
-    char key[64];
-    RvForceKey(key);
     const char* value = g_metafileChoice == IDC_METAFILE_VECTOR ? "V" : g_metafileChoice == IDC_METAFILE_BOTH ? "M" : "R";
-    ZvSetTag(Options()->tags, key, value);
+    ZvSetTag(Options()->tags, zv::TagKey(Options()->destKey, zv::kMetafileClassTag), value);
     EndDialog(dialog, 1);
 }
 
@@ -64,10 +61,8 @@ INT_PTR RunGuardedDialog(HWND parent, int templateId, DLGPROC proc)
 int DoMetafileClassDlg(HWND parent, TagSet* tags, char* appTitle, char* helpFile, OKAMOD* formats, char* srcExt,
                        char* destExt, short operation)
 {
-    if (Options()->inDialog) {
-        SeamMessageBeep(0);
+    if (RefuseWhileDialogRuns(__func__))
         return 0;
-    }
     InitOptionContext(parent, tags, appTitle, helpFile, formats, srcExt, destExt, operation, 0, nullptr, 0);
     return RunGuardedDialog(parent, IDD_METAFILE_CLASS, ForceToRasterDlgProc) == 1 ? 1 : 0;
 }

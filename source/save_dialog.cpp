@@ -5,11 +5,12 @@
 #include <string_view>
 
 #include "bounded_text.h"
+#include "diagnostics.h"
+#include "dialog_guard.h"
 #include "module.h"
 #include "okamod32.h"
 #include "okaio32.h"
 #include "resource_ids.h"
-#include "seams.h"
 #include "source.h"
 #include "zvopt32.h"
 #include "zvwio32.h"
@@ -20,27 +21,14 @@ HWND saveHookDlg = nullptr;
 
 namespace {
 
-constexpr int kFileBuffer = 516;
 constexpr int kFilterKindDest = 'D';
+static_assert(ZV_SAVE_PATH_SIZE == zv::kLongPathSize, "the host's path buffer is the dialog's file buffer");
 
 bool IsRawCapture(const char* ext)
 {
     // Captures and scans have no format of their own: they are keyed as
     // bitmaps and can only go to raster formats.
     return ext != nullptr && (lstrcmpiA(ext, "CAP") == 0 || lstrcmpiA(ext, "TWN") == 0);
-}
-
-// The library's own folder: the last resort for where to save.
-void LibraryFolder(char (&dir)[MAX_PATH])
-{
-    char path[MAX_PATH] = {};
-    DWORD length = GetModuleFileNameA(LibraryModule(), path, sizeof path);
-    char* slash = length ? strrchr(path, '\\') : nullptr;
-    if (slash != nullptr)
-        *slash = '\0';
-    else
-        path[0] = '\0';
-    zv::CopyBounded(dir, path);
 }
 
 void DefaultExtension(TagSet* tags, short srcType, char (&ext)[MAX_PATH])
@@ -81,7 +69,7 @@ DWORD StartFilterIndex(OKAMOD* formats, char** filterList, const char* ext, bool
         if (!formats->IsDest(format))
             continue;
         int type = formats->GetType(format);
-        if (!rasterOnly || type == 1 || type == 5)
+        if (!rasterOnly || IsRasterType(type))
             ++count;
     }
     ZvFreeAllExtensions(formats, all);
@@ -105,11 +93,11 @@ void StoreOutcome(OptionContext* options, short srcType, char* path)
     PathParts parts;
     SplitPath(options->savePath, parts);
     ZvSetGlobalTag(options->tags, "SAVEDIR", parts.dir);
-    const char* typeTag = srcType == 1 || srcType == 5   ? "RDESTTYPE"
-                          : srcType == 2 || srcType == 3 ? "VDESTTYPE"
-                                                         : "EDESTTYPE";
+    const char* typeTag = IsRasterType(srcType)                                     ? "RDESTTYPE"
+                          : srcType == kFormatVector || srcType == kFormatMetafile ? "VDESTTYPE"
+                                                                                   : "EDESTTYPE";
     ZvSetGlobalTag(options->tags, typeTag, parts.ext);
-    ComposePath(parts, path, kFileBuffer);
+    ComposePath(parts, path, zv::kLongPathSize);
     SetDestination(parts.ext);
 }
 
@@ -137,12 +125,10 @@ extern "C" ZVOPT32_API int DoSaveDlg(HWND owner, TagSet* tags, char* appTitle, c
                                      char* srcExt, char* path, char* customList, char* title, Dewey* image,
                                      short srcType)
 {
-    OptionContext* options = Options();
-    if (options->inDialog) {
-        SeamMessageBeep(0);
+    DialogGuard guard(__func__);
+    if (!guard.Held())
         return 0;
-    }
-    options->inDialog = 1;
+    OptionContext* options = Options();
     saveFixupBusy = 0;
 
     char sourceKey[MAX_PATH] = "BMP";
@@ -160,18 +146,18 @@ extern "C" ZVOPT32_API int DoSaveDlg(HWND owner, TagSet* tags, char* appTitle, c
         if (const char* saved = ZvGetTag(options->tags, "SAVEDIR"))
             zv::CopyBounded(parts.dir, saved);
         if (parts.dir[0] == '\0')
-            LibraryFolder(parts.dir);
+            LibraryFolder(parts.dir);  // the last resort for where to save
     }
     if (parts.ext[0] == '\0')
         DefaultExtension(options->tags, srcType, parts.ext);
     if (parts.name[0] == '\0')
         zv::CopyBounded(parts.name, "*");
 
-    ComposePath(parts, options->savePath, kFileBuffer);
+    ComposePath(parts, options->savePath, zv::kLongPathSize);
     zv::CopyBounded(options->destExt, parts.ext);
-    char file[kFileBuffer];
+    char file[zv::kLongPathSize];
     zv::CopyBounded(file, options->savePath);
-    char fileTitle[kFileBuffer] = {};
+    char fileTitle[zv::kLongPathSize] = {};
 
     TranslateAllTags(options->tags, options->srcExt, "~~~", options->destExt);
     options->destType = static_cast<short>(
@@ -190,17 +176,16 @@ extern "C" ZVOPT32_API int DoSaveDlg(HWND owner, TagSet* tags, char* appTitle, c
     ofn.lpstrFilter = options->filterList != nullptr ? options->filterList[0] : nullptr;
     ofn.nFilterIndex = StartFilterIndex(options->formats, options->filterList, parts.ext, rasterOnly);
     ofn.lpstrFile = file;
-    ofn.nMaxFile = kFileBuffer;
+    ofn.nMaxFile = zv::kLongPathSize;
     ofn.lpstrFileTitle = fileTitle;
-    ofn.nMaxFileTitle = kFileBuffer;
+    ofn.nMaxFileTitle = zv::kLongPathSize;
     ofn.lpstrInitialDir = parts.dir;
     ofn.lpstrTitle = title;
     ofn.lpstrDefExt = parts.ext;
     ofn.lpfnHook = SaveDlgHookProc;
     ofn.lpTemplateName = MAKEINTRESOURCEA(IDD_SAVE_CHILD);
     ofn.Flags = OFN_EXPLORER | OFN_PATHMUSTEXIST | OFN_ENABLEHOOK | OFN_HIDEREADONLY;
-    const char* overwrite = ZvGetTag(options->tags, "OWNOTIFY");
-    if (overwrite != nullptr && lstrcmpiA(overwrite, "ON") == 0)
+    if (TagIsOn(options->tags, "OWNOTIFY"))
         ofn.Flags |= OFN_OVERWRITEPROMPT;
     if (options->helpFile[0] != '\0')
         ofn.Flags |= OFN_SHOWHELP;
@@ -211,10 +196,10 @@ extern "C" ZVOPT32_API int DoSaveDlg(HWND owner, TagSet* tags, char* appTitle, c
     BOOL accepted = GetSaveFileNameA(&ofn);
     if (accepted)
         StoreOutcome(options, srcType, path);
+    Diagnostic("%s: %s", __func__, accepted ? options->savePath : "no file accepted");
 
     ZvDeleteFilterList(options->formats, options->filterList);
     options->filterList = nullptr;
-    options->inDialog = 0;
     return accepted;
 }
 

@@ -4,10 +4,13 @@
 #include <cstring>
 
 #include "bounded_text.h"
+#include "dialog_guard.h"
 #include "frame_tables.h"
 #include "module.h"
 #include "okamod32.h"
+#include "option_core.h"
 #include "resource_ids.h"
+#include "scoped_flag.h"
 #include "seams.h"
 #include "source.h"
 #include "zvopt32.h"
@@ -18,7 +21,7 @@ namespace {
 constexpr int kTypeList = 1136;    // cmb1
 constexpr int kNameEdit = 1152;    // edt1, the name box of older systems
 constexpr int kNameCombo = 1148;   // cmb13, the name box that holds an edit
-constexpr int kSpecRoom = 516;
+constexpr int kSpecRoom = zv::kLongPathSize;
 constexpr int kHelpOptionsButton = 1041;
 constexpr int kHelpTargetAppButton = 1028;
 constexpr int kHelpWarningsBox = 1067;
@@ -97,7 +100,7 @@ void OnTypeChange(HWND child)
     if (saveFixupBusy || !GetSpec(frame, spec))
         return;
     OptionContext* options = Options();
-    saveFixupBusy = 1;
+    ScopedFlag busy(saveFixupBusy);
     char typeExt[MAX_PATH];
     SelectedTypeExt(frame, typeExt);
     if (strchr(spec, '.') == nullptr) {
@@ -115,7 +118,6 @@ void OnTypeChange(HWND child)
     SetDestKey(parts.ext);
     options->destType = RegistryType(options->destKey);
     EnableOptions(GetDestDlgId(options->destKey, options->destType, options->srcType) != 0);
-    saveFixupBusy = 0;
 }
 
 // The user edits the name: a typed extension of a destination format that
@@ -127,7 +129,7 @@ void OnNameChange(HWND frame)
         return;
     OptionContext* options = Options();
     int enable = 0;
-    saveFixupBusy = 1;
+    ScopedFlag busy(saveFixupBusy);
     PathParts parts;
     SplitPath(spec, parts);
     if (parts.ext[0] == '\0')
@@ -142,7 +144,6 @@ void OnNameChange(HWND frame)
         enable = GetDestDlgId(options->destKey, options->destType, options->srcType);
     }
     EnableOptions(enable != 0);
-    saveFixupBusy = 0;
 }
 
 // OK of the system dialog. Gives true when the message is answered here.
@@ -160,14 +161,13 @@ bool OnAccept(HWND frame)
     }
     if (needExt) {
         // A name whose extension names no destination keeps it and gets the
-        // selected type's behind it: NOTES.XYZ becomes NOTES.XYZ.GIF.
+        // selected type's behind it: NOTES.XYZ becomes NOTES.XYZ.GIF. The
+        // box shows the new name as if typed, so the destination follows.
         char typeExt[MAX_PATH];
         SelectedTypeExt(frame, typeExt);
         zv::AppendBounded(spec, ".");
         zv::AppendBounded(spec, typeExt);
-        saveFixupBusy = 1;
         SetWindowTextA(NameBox(frame), spec);
-        saveFixupBusy = 0;
         SplitPath(spec, parts);
     }
     char folder[MAX_PATH] = {};
@@ -196,87 +196,76 @@ bool OnAccept(HWND frame)
 
 void OnOptionsButton(HWND child)
 {
+    // The sheet and the metafile class dialog take the guard themselves.
+    DialogGuardRelease release;
     OptionContext* options = Options();
-    options->inDialog = 0;
     HWND parent = FrameOf(child);
-    if (SendMessageA(parent, CDM_GETSPEC, kSpecRoom, reinterpret_cast<LPARAM>(options->savePath)) > 0) {
-        PathParts parts;
-        SplitPath(options->savePath, parts);
-        if (parts.ext[0] == '\0')
-            SelectedTypeExt(parent, parts.ext);
-        CharUpperA(parts.ext);
-        zv::CopyBounded(options->destExt, parts.ext);
-        SetDestKey(options->destExt);
-        options->destType = RegistryType(options->destKey);
+    if (SendMessageA(parent, CDM_GETSPEC, kSpecRoom, reinterpret_cast<LPARAM>(options->savePath)) <= 0)
+        return;
+    PathParts parts;
+    SplitPath(options->savePath, parts);
+    if (parts.ext[0] == '\0')
+        SelectedTypeExt(parent, parts.ext);
+    CharUpperA(parts.ext);
+    zv::CopyBounded(options->destExt, parts.ext);
+    SetDestKey(options->destExt);
+    options->destType = RegistryType(options->destKey);
 
-        // The nested entries fill the record again from their arguments:
-        // they get copies, not the record's own fields.
-        char srcExt[256], destExt[256], appTitle[256], helpFile[260];
-        zv::CopyBounded(srcExt, options->srcExt);
-        zv::CopyBounded(destExt, options->destExt);
-        zv::CopyBounded(appTitle, options->appTitle);
-        zv::CopyBounded(helpFile, options->helpFile);
-        short srcType = options->srcType;
+    // The nested entries fill the record again from their arguments:
+    // they get copies, not the record's own fields.
+    char srcExt[256], destExt[256], appTitle[256], helpFile[260];
+    zv::CopyBounded(srcExt, options->srcExt);
+    zv::CopyBounded(destExt, options->destExt);
+    zv::CopyBounded(appTitle, options->appTitle);
+    zv::CopyBounded(helpFile, options->helpFile);
 
-        if (options->destType == 3 && (srcType == 1 || srcType == 5)) {
-            // What a metafile made from a raster image holds is the user's
-            // choice, and the sheet follows it.
-            if (!DoMetafileClassDlg(parent, options->tags, appTitle, helpFile, options->formats, srcExt, destExt,
-                                    options->operation)) {
-                options->inDialog = 1;
-                return;
-            }
-            options->destType = srcType;
-            char key[64];
-            zv::CopyBounded(key, options->destKey);
-            zv::AppendBounded(key, "RVFORCE");
-            if (const char* force = ZvGetTag(options->tags, key)) {
-                if (lstrcmpiA(force, "R") == 0)
-                    options->destType = 1;
-                else if (lstrcmpiA(force, "V") == 0)
-                    options->destType = 2;
-                else if (lstrcmpiA(force, "M") == 0)
-                    options->destType = 3;
-            }
-        }
-        if (lstrcmpiA(options->destKey, "PIX") == 0)
-            options->destType = 1;
-        unsigned short id = GetDestDlgId(options->destKey, options->destType, srcType);
-        if (id != 0)
-            DoDestOptionsDlg(parent, id, nullptr, nullptr, nullptr, nullptr, srcExt, destExt, 2, srcType,
-                             options->sourceDewey);
+    if (options->destType == kFormatMetafile && IsRasterType(options->srcType)) {
+        // What a metafile made from a raster image holds is the user's
+        // choice, and the sheet follows it.
+        if (!DoMetafileClassDlg(parent, options->tags, appTitle, helpFile, options->formats, srcExt, destExt,
+                                options->operation))
+            return;
+        // That dialog filled the record again with no source type: the
+        // source is now what the registry says it is.
+        options->destType = options->srcType;
+        if (short chosen = ChosenMetafileClass())
+            options->destType = chosen;
     }
-    options->inDialog = 1;
+    if (zv::EqualNoCase(options->destKey, "PIX"))
+        options->destType = kFormatRaster;
+    unsigned short id = GetDestDlgId(options->destKey, options->destType, options->srcType);
+    if (id != 0)
+        DoDestOptionsDlg(parent, id, nullptr, nullptr, nullptr, nullptr, srcExt, destExt, 2, options->srcType,
+                         options->sourceDewey);
 }
 
 void OnTargetAppButton(HWND child)
 {
+    // The target application dialog takes the guard itself.
+    DialogGuardRelease release;
     OptionContext* options = Options();
-    options->inDialog = 0;
     HWND parent = FrameOf(child);
-    if (RunGuardedDialog(parent, IDD_TARGET_APP, TargetAppDlgProc) != 0) {
-        const char* tag = options->srcType == 1 || options->srcType == 5 ? "RDESTTYPE" : "VDESTTYPE";
-        if (const char* chosen = ZvGetTag(options->tags, tag))
-            zv::CopyBounded(options->destExt, chosen);
-        int entry = GetFormatIndex(parent, kTypeList, options->destExt);
-        if (entry >= 0)
-            SendDlgItemMessageA(parent, kTypeList, CB_SETCURSEL, static_cast<WPARAM>(entry), 0);
-        if (SendMessageA(parent, CDM_GETSPEC, kSpecRoom, reinterpret_cast<LPARAM>(options->savePath)) > 0) {
-            PathParts parts;
-            SplitPath(options->savePath, parts);
-            char name[kSpecRoom];
-            zv::CopyBounded(name, parts.name);
-            if (options->destExt[0] != '\0') {
-                zv::AppendBounded(name, ".");
-                zv::AppendBounded(name, options->destExt);
-            }
-            // The tags were written by the table; the box only shows them.
-            saveFixupBusy = 1;
-            SetWindowTextA(NameBox(parent), name);
-            saveFixupBusy = 0;
-        }
+    if (RunGuardedDialog(parent, IDD_TARGET_APP, TargetAppDlgProc) == 0)
+        return;
+    const char* tag = IsRasterType(options->srcType) ? "RDESTTYPE" : "VDESTTYPE";
+    if (const char* chosen = ZvGetTag(options->tags, tag))
+        zv::CopyBounded(options->destExt, chosen);
+    int entry = GetFormatIndex(parent, kTypeList, options->destExt);
+    if (entry >= 0)
+        SendDlgItemMessageA(parent, kTypeList, CB_SETCURSEL, static_cast<WPARAM>(entry), 0);
+    if (SendMessageA(parent, CDM_GETSPEC, kSpecRoom, reinterpret_cast<LPARAM>(options->savePath)) <= 0)
+        return;
+    PathParts parts;
+    SplitPath(options->savePath, parts);
+    char name[kSpecRoom];
+    zv::CopyBounded(name, parts.name);
+    if (options->destExt[0] != '\0') {
+        zv::AppendBounded(name, ".");
+        zv::AppendBounded(name, options->destExt);
     }
-    options->inDialog = 1;
+    // The box shows the new name as if typed: the name handling carries the
+    // destination and the Options button along with it.
+    SetWindowTextA(NameBox(parent), name);
 }
 
 void ShowSaveHelp(HWND control, UINT command)
@@ -356,8 +345,7 @@ void OnInitDone(HWND child)
     WatchNameCombo(frame);
 
     if (lstrcmpiA(options->appTitle, "Zavrin PRO") == 0) {
-        const char* warnings = ZvGetTag(options->tags, "SHOWWARNINGS");
-        if (warnings != nullptr && lstrcmpiA(warnings, "ON") == 0)
+        if (TagIsOn(options->tags, "SHOWWARNINGS"))
             CheckDlgButton(child, IDC_SAVE_WARNINGS, BST_CHECKED);
     } else if (HWND box = GetDlgItem(child, IDC_SAVE_WARNINGS)) {
         DestroyWindow(box);

@@ -4,6 +4,7 @@
 
 #include <windows.h>
 
+#include "bounded_text.h"
 #include "core_win.h"
 #include "frame.h"
 #include "zvopt32.h"
@@ -18,6 +19,12 @@ INT_PTR RunGuardedDialog(HWND parent, int templateId, DLGPROC proc);
 int LoadTargetAppList(HWND dialog, short type);
 // Writes the tags of the named row into the context's tags; 1 when found.
 int ApplyTargetApp(const char* name, short type);
+// A built-in TIFF flavour is defined by the default value of its key below
+// kTiffFlavorsKey under the classes root, at most 128 bytes. Gives false when
+// there is no such text; definition is always terminated.
+constexpr char kTiffFlavorsKey[] = "Zavrin.Image\\Formats\\TIF\\Flavors\\";
+constexpr unsigned kTiffFlavorDefinitionSize = 128;
+bool ReadTiffFlavorDefinition(const char* flavor, char (&definition)[kTiffFlavorDefinitionSize + 1]);
 // The name of a custom TIFF flavour, shown and edited by TiffAppDlgProc.
 char* TiffCustomFlavorName();  // 256 bytes
 
@@ -40,9 +47,9 @@ extern HWND saveHookDlg;         // the child dialog with the library's buttons
 // Path pieces of the save road: the sizes its working strings keep (the
 // splitter fills each part up to MAX_PATH).
 struct PathParts {
-    char dir[MAX_PATH];
-    char name[MAX_PATH];
-    char ext[MAX_PATH];
+    char dir[zv::kPathSize];
+    char name[zv::kPathSize];
+    char ext[zv::kPathSize];
 };
 void SplitPath(const char* path, PathParts& parts);
 // The directory, a "\" unless it is empty or already ends in "\" or ":",

@@ -7,6 +7,7 @@
 #include "frame_tables.h"
 #include "module.h"
 #include "okamod32.h"
+#include "option_core.h"
 #include "resource_ids.h"
 #include "source.h"
 #include "target_app_table.h"
@@ -59,30 +60,44 @@ bool FindRow(void* context, std::string_view entry)
     return false;
 }
 
+}  // namespace
+
+bool ReadTiffFlavorDefinition(const char* flavor, char (&definition)[kTiffFlavorDefinitionSize + 1])
+{
+    definition[0] = '\0';
+    // A registry key's name holds at most 255 characters; one that would be
+    // cut names another key, or none.
+    char keyName[256];
+    zv::CopyBounded(keyName, kTiffFlavorsKey);
+    if (zv::AppendBounded(keyName, flavor) != std::strlen(kTiffFlavorsKey) + std::strlen(flavor))
+        return false;
+    HKEY key = nullptr;
+    if (RegOpenKeyExA(HKEY_CLASSES_ROOT, keyName, 0, KEY_READ, &key) != ERROR_SUCCESS)
+        return false;
+    DWORD size = kTiffFlavorDefinitionSize;
+    DWORD type = 0;
+    LONG status = RegQueryValueExA(key, nullptr, nullptr, &type, reinterpret_cast<BYTE*>(definition), &size);
+    RegCloseKey(key);
+    // The value may be stored without its terminator; the byte behind the
+    // room read is the buffer's own.
+    definition[size < kTiffFlavorDefinitionSize ? size : kTiffFlavorDefinitionSize] = '\0';
+    return status == ERROR_SUCCESS && (type == REG_SZ || type == REG_EXPAND_SZ);
+}
+
+namespace {
+
 // A named TIFF flavour is defined under the classes root by other parts of
 // the suite; its definition passes through here unread.
 void ReadTiffFlavor(TagSet* tags, const char* flavor)
 {
-    char keyName[300];
-    zv::CopyBounded(keyName, "Zavrin.Image\\Formats\\TIF\\Flavors\\");
-    zv::AppendBounded(keyName, flavor);
-    HKEY key = nullptr;
-    if (RegOpenKeyExA(HKEY_CLASSES_ROOT, keyName, 0, KEY_READ, &key) != ERROR_SUCCESS)
-        return;
-    char data[128] = {};
-    DWORD size = sizeof data - 1;
-    DWORD type = 0;
-    if (RegQueryValueExA(key, nullptr, nullptr, &type, reinterpret_cast<BYTE*>(data), &size) == ERROR_SUCCESS &&
-        (type == REG_SZ || type == REG_EXPAND_SZ)) {
-        data[sizeof data - 1] = '\0';
-        ZvSetTag(tags, "TIFTYPE", data);
-    }
-    RegCloseKey(key);
+    char definition[kTiffFlavorDefinitionSize + 1];
+    if (ReadTiffFlavorDefinition(flavor, definition))
+        ZvSetTag(tags, "TIFTYPE", definition);
 }
 
 const char* AppTypeTag(short type)
 {
-    return type == 1 || type == 5 ? "RAPPTYPE" : "VAPPTYPE";
+    return IsRasterType(type) ? "RAPPTYPE" : "VAPPTYPE";
 }
 
 void InitTargetApp(HWND dialog)

@@ -16,7 +16,6 @@
 
 #include "okacvt32.h"
 #include "okamod32.h"
-#include "option_core.h"
 #include "ravicli.h"
 #include "tag_file.h"
 #include "zvopt32.h"
@@ -24,57 +23,16 @@
 
 namespace {
 
-// The tag set through ZVWIO32, for the printout of the script.
-class SetTags : public zv::TagAccess {
-public:
-    explicit SetTags(TagSet* tags) : tags_(tags) {}
-    const char* Get(const char* key) override { return ZvGetTag(tags_, key); }
-    int GetInt(const char* key) override { return ZvGetIntTag(tags_, key); }
-    double GetFloat(const char* key) override { return ZvGetFloatTag(tags_, key); }
-    void Set(const char* key, const char* value) override { ZvSetTag(tags_, key, value); }
-    void* OpenSearch(const char* prefix) override { return ZvOpenTagSearch(tags_, prefix); }
-    const char* NextKey(void* search) override { return ZvTagSearch(static_cast<TagSearch*>(search)); }
-    void CloseSearch(void* search) override { delete static_cast<TagSearch*>(search); }
-
-private:
-    TagSet* tags_;
-};
-
-// Builds the script that DoOptions is about to run, from the same tags,
-// image and registry, into text; the engine itself is not touched.
-class ScriptPrinter : public zv::ScriptHost {
-public:
-    ScriptPrinter(Dewey* image, TagSet* tags, OKAMOD* formats) : image_(image), tags_(tags), access_(tags), formats_(formats) {}
-    std::string text;
-
-    zv::TagAccess& Tags() override { return access_; }
-    int IndexOf(int listId, const char* value) override
-    {
-        return GetListIndex(listId, value, GetModuleHandleA("ZVOPT32.dll"));
-    }
-    int IsRaster() override { return image_->IsRaster(); }
-    void GetSize(long* width, long* height) override { image_->GetInfo(width, height, nullptr, nullptr, nullptr); }
-    int CalculateResize(const char* dest, long width, long height, long* newWidth, long* newHeight) override
-    {
-        return ::CalculateResize(tags_, dest, width, height, newWidth, newHeight);
-    }
-    void GetRotatedSize(double angle, double width, double height, double* newWidth, double* newHeight) override
-    {
-        ::GetRotatedSize(angle, width, height, newWidth, newHeight);
-    }
-    int IsModRaster(const char* ext) override { return ZvIsModRaster(formats_, ext); }
-    int FormatType(const char* ext) override { return formats_->GetType(ZvGetIndex(formats_, ext)); }
-    void PrepRaster(short, short, short) override {}
-    void Vectorize(short, short, short, short, short, short) override {}
-    void Write(const char* bytes, unsigned long length) override { text.append(bytes, length); }
-    short FileError() override { return 0; }
-
-private:
-    Dewey* image_;
-    TagSet* tags_;
-    SetTags access_;
-    OKAMOD* formats_;
-};
+// The script that DoOptions is about to run, from the same tags, image and
+// registry; the image is not touched.
+std::string ScriptText(Dewey* image, TagSet* tags, const char* src, const char* dest, OKAMOD* formats)
+{
+    const int length = GetOptionsScript(image, tags, src, dest, formats, nullptr, 0);
+    std::string text(static_cast<std::size_t>(length) + 1, '\0');
+    GetOptionsScript(image, tags, src, dest, formats, text.data(), length + 1);
+    text.resize(static_cast<std::size_t>(length));
+    return text;
+}
 
 std::string ExtensionOf(const char* path)
 {
@@ -200,13 +158,12 @@ int main(int argc, char** argv)
         for (const std::string& key : KeysOf(engine))
             std::printf("  %s=%s\n", key.c_str(), ZvGetTag(engine, key.c_str()));
 
-        ScriptPrinter printer(image, root, formats);
-        zv::WriteOptionScript(printer, src.c_str(), dest.c_str());
-        std::printf("script (%u bytes, lines end in LF CR):\n", static_cast<unsigned>(printer.text.size()));
-        if (printer.text.empty())
+        const std::string script = ScriptText(image, root, src.c_str(), dest.c_str(), formats);
+        std::printf("script (%u bytes, lines end in LF CR):\n", static_cast<unsigned>(script.size()));
+        if (script.empty())
             std::printf("  (no commands)\n");
-        for (std::size_t at = 0, end; (end = printer.text.find("\n\r", at)) != std::string::npos; at = end + 2)
-            std::printf("  %s\n", printer.text.substr(at, end - at).c_str());
+        for (std::size_t at = 0, end; (end = script.find("\n\r", at)) != std::string::npos; at = end + 2)
+            std::printf("  %s\n", script.substr(at, end - at).c_str());
 
         result = DoOptions(image, root, src.c_str(), dest.c_str(), formats);
         std::printf("engine:  %d (%s)\n", result, EngineText(result).c_str());

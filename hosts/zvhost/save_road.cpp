@@ -22,7 +22,7 @@ TagSet* g_tags = nullptr;
 OKAMOD* g_formats = nullptr;
 Dewey* g_image = nullptr;
 Huey* g_view = nullptr;
-char g_imagePath[516];
+char g_imagePath[ZV_SAVE_PATH_SIZE];
 
 const char* ExtensionOf(const char* path)
 {
@@ -57,7 +57,7 @@ void ShowTitle(HWND window)
 
 void OpenImage(HWND window)
 {
-    char path[516] = {};
+    char path[ZV_SAVE_PATH_SIZE] = {};
     OPENFILENAMEA ofn = {};
     ofn.lStructSize = sizeof ofn;
     ofn.hwndOwner = window;
@@ -97,7 +97,7 @@ void SaveImage(HWND window)
     EnsureSuite();
     char srcExt[16] = {};
     lstrcpynA(srcExt, ExtensionOf(g_imagePath), sizeof srcExt);
-    char path[516] = {};
+    char path[ZV_SAVE_PATH_SIZE] = {};
     short srcType = static_cast<short>(g_formats->GetType(ZvGetIndex(g_formats, srcExt)));
     if (!DoSaveDlg(window, g_tags, const_cast<char*>("Zavrin PRO"), nullptr, g_formats, srcExt, path, nullptr,
                    const_cast<char*>("Save As"), g_image, srcType))

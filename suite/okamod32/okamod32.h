@@ -5,6 +5,8 @@
 
 #include <cstddef>
 
+#include "format_types.h"
+
 #ifdef OKAMOD32_BUILD
 #define OKAMOD32_API __declspec(dllexport)
 #else
@@ -12,16 +14,6 @@
 #endif
 
 class TagSet;
-
-// Format types as the suite treats them.
-enum ZvFormatType {
-    kFormatNone = 0,
-    kFormatRaster = 1,
-    kFormatVector = 2,
-    kFormatMetafile = 3,  // raster or vector content; the tag "RVFORCE" decides
-    kFormatFax = 5,       // a raster kind with a fax page
-    kFormatEntity = 6,    // 3D entity
-};
 
 // Base of the registry's objects: they come from the registry's allocator.
 class OKAMOD32_API RegistrationDataBase {

@@ -46,9 +46,9 @@ public:
     // writes its own next picture there: what it holds may have moved on
     // from what this document read.
     bool makerWrites = false;
-    char sectionName[32] = {};
-    char fileName[516] = {};
-    char optionsPath[516] = {};
+    char sectionName[kDeweySectionNameSize] = {};
+    char fileName[kDeweyFileNameSize] = {};
+    char optionsPath[kDeweyFileNameSize] = {};
     // Options read from the tag set at optionsPath, for files written.
     float jpegQuality = -1.0f;  // 0..1, negative: the encoder's own
 };

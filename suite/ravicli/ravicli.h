@@ -26,9 +26,14 @@ struct IRGB {
 // images, scripts and files stand in portable/engine_codes.h (-4101 and on).
 enum RavicliCode : short {
     kRavicliNothingToUndo = -4160,  // UndoRedo with no change behind it
-    kRavicliNotAvailable = -4161,   // PrepRaster and Vectorize: tracing is not in this engine yet
+    kRavicliNotAvailable = -4161,   // PrepRaster and Vectorize: this engine does no tracing
     kRavicliNoWindow = -4162,       // a view painted without a window
 };
+
+// The room of the names a document gives out: GetSectionName and
+// GetFileName write at most this many bytes, the terminator included.
+constexpr int kDeweySectionNameSize = 32;
+constexpr int kDeweyFileNameSize = 516;
 
 class LouieState;  // the engine's own state, private to ravicli
 
@@ -80,8 +85,8 @@ public:
     short Vectorize(short method, short genTol, short bezGen, short arcGen, short lineWidth, short reserved);
     short RefreshOptions(const char* path);
 
-    short GetSectionName(char* name);  // 32 bytes
-    short GetFileName(char* name);     // 516 bytes
+    short GetSectionName(char* name);  // kDeweySectionNameSize bytes
+    short GetFileName(char* name);     // kDeweyFileNameSize bytes
     short ResurrectSection(const char* section, const char* file);
 
     // Files: the format follows the extension.

@@ -33,7 +33,7 @@ const char kSectionStem[] = "RaviImage";
 
 // A section name that no one uses: the engine's stem, our process and a
 // counter. It always fits the 32 bytes of GetSectionName.
-void MakeSectionName(char (&name)[32])
+void MakeSectionName(char (&name)[kDeweySectionNameSize])
 {
     static LONG counter = 0;
     for (;;) {
@@ -139,7 +139,7 @@ short StorePicture(Louie* louie, const Image& raster, HENHMETAFILE emf)
     }
     if (count > kMaxImageBytes) return kEngineNoMemory;
 
-    char name[32];
+    char name[kDeweySectionNameSize];
     MakeSectionName(name);
     HANDLE section = CreateFileMappingA(INVALID_HANDLE_VALUE, nullptr, PAGE_READWRITE, 0, DWORD(count), name);
     if (!section) return kEngineNoSection;
@@ -192,7 +192,7 @@ short Dewey::GetSectionName(char* name)
     if (!name) return ravi::kEngineBadArgument;
     LouieState& state = *louie->state;
     if (state.raster.Empty() && state.emf && !state.sectionCurrent) louie->SaveResurrectionData();
-    lstrcpynA(name, state.sectionName, 32);
+    lstrcpynA(name, state.sectionName, kDeweySectionNameSize);
     return 0;
 }
 
@@ -200,7 +200,7 @@ short Dewey::GetFileName(char* name)
 {
     if (!ravi::HasState(this)) return ravi::kEngineNoMemory;
     if (!name) return ravi::kEngineBadArgument;
-    lstrcpynA(name, louie->state->fileName, 516);
+    lstrcpynA(name, louie->state->fileName, kDeweyFileNameSize);
     return 0;
 }
 

@@ -11,6 +11,13 @@
 
 namespace {
 
+// The text an edit shows for a number tag: empty for 0, else six decimals
+// at most.
+std::string FloatEditText(double value)
+{
+    return value == 0.0 ? std::string() : zvw::FormatDouble(value, 6);
+}
+
 // A list goes on in the next string id while an entry ends in "~". The
 // chain is cut after a generous number of entries, so that a table in which
 // every string ends in "~" cannot run on for ever.
@@ -349,7 +356,7 @@ ZVWIO32_API double DisplayEditFloatTag(HWND dialog, int edit, const char* prefix
 {
     const double value = ZvGetFloatTag(tags, Key(prefix, name).c_str());
     if (GetDlgItem(dialog, edit))
-        SetDlgItemTextA(dialog, edit, value == 0.0 ? "" : zvw::FormatDouble(value, 6).c_str());
+        SetDlgItemTextA(dialog, edit, FloatEditText(value).c_str());
     return value;
 }
 
@@ -372,6 +379,12 @@ ZVWIO32_API double RetrieveEditFloatTag(HWND dialog, int edit, int label, const 
             RefuseValue(dialog, field, label, zvw::FormatDouble(min, 6), zvw::FormatDouble(max, 6), valid);
         return number ? value : 0.0;
     }
+    // An edit that still shows the tag as DisplayEditFloatTag wrote it was
+    // not changed: the tag keeps its own text, with all its digits, rather
+    // than the shorter one the edit shows.
+    const double stored = ZvGetFloatTag(tags, key.c_str());
+    if (ZvGetTag(tags, key.c_str()) != nullptr && text == FloatEditText(stored))
+        return stored;
     ZvSetFloatTag(tags, key.c_str(), value, 32);
     return value;
 }

@@ -146,7 +146,7 @@ char* ZvGetName(OKAMOD* formats, HKEY index)
 int ZvIsModRaster(OKAMOD* formats, const char* ext)
 {
     const FormatRecord* format = FormatOf(formats, ext);
-    return format != nullptr && (format->type == kFormatRaster || format->type == kFormatFax) ? 1 : 0;
+    return format != nullptr && IsRasterType(format->type) ? 1 : 0;
 }
 
 // The main extension of every format, in the order of the file type lists.

@@ -30,11 +30,39 @@ bool ResolutionsInDpi(TagSet* tags, const char* destKey)
     return note && *note;
 }
 
+// The text a resolution tag had before a conversion, and the text the
+// conversion wrote, kept in notes so that the way back restores the very
+// text of a value nobody changed: 254000 / (254000 / 846) need not give
+// 846 again in floating point.
+std::string BeforeNote(const std::string& key)
+{
+    return "RESWAS:" + key;
+}
+
+std::string AfterNote(const std::string& key)
+{
+    return "RESMADE:" + key;
+}
+
 void InvertResolution(TagSet* tags, const std::string& key)
 {
+    const char* present = ZvGetTag(tags, key.c_str());
+    const char* made = tags->GetNote(AfterNote(key).c_str());
+    const char* before = tags->GetNote(BeforeNote(key).c_str());
+    if (present != nullptr && made != nullptr && *made && before != nullptr && std::string(present) == made) {
+        const std::string original = before;
+        tags->SetNote(BeforeNote(key).c_str(), "");
+        tags->SetNote(AfterNote(key).c_str(), "");
+        ZvSetTag(tags, key.c_str(), original.c_str());
+        return;
+    }
     const double v = ZvGetFloatTag(tags, key.c_str());
-    if (v != 0.0)
-        ZvSetFloatTag(tags, key.c_str(), 254000.0 / v, 32);
+    if (v == 0.0)
+        return;
+    const std::string converted = zvw::FormatDouble(254000.0 / v, 32);
+    tags->SetNote(BeforeNote(key).c_str(), present);
+    tags->SetNote(AfterNote(key).c_str(), converted.c_str());
+    ZvSetTag(tags, key.c_str(), converted.c_str());
 }
 
 }  // namespace

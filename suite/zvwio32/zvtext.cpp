@@ -50,36 +50,58 @@ ZVWIO32_API char* StrChrLast(const char* text, int character)
     return text ? const_cast<char*>(std::strrchr(text, character)) : nullptr;
 }
 
+namespace {
+
+// What the form of InsertCommas without a size may fill: the commas of the
+// longest long, "-2,147,483,648", take 15 bytes with the zero.
+constexpr std::size_t kCommasOfLongSize = 16;
+
+// A caller's size or count as the portable forms take it: none for 0 or
+// less.
+std::size_t Room(int size)
+{
+    return size > 0 ? static_cast<std::size_t>(size) : 0;
+}
+
+// The room that the forms without a size need for count characters and the
+// zero: what they write, and what their callers must give.
+std::size_t RoomFor(int count)
+{
+    return Room(count) + 1;
+}
+
+}  // namespace
+
+ZVWIO32_API char* StrSubstring(char* out, int size, const char* text, int start, int count)
+{
+    zvw::CopySubstring(out, Room(size), text, start, count);
+    return out;
+}
+
 ZVWIO32_API char* StrSubstring(char* out, const char* text, int start, int count)
 {
-    if (!out)
-        return out;
-    out[0] = 0;
-    if (!text || start < 0 || count <= 0)
-        return out;
-    const std::size_t length = std::strlen(text);
-    if (static_cast<std::size_t>(start) >= length)
-        return out;
-    std::size_t n = length - static_cast<std::size_t>(start);
-    if (n > static_cast<std::size_t>(count))
-        n = static_cast<std::size_t>(count);
-    std::memcpy(out, text + start, n);
-    out[n] = 0;
+    zvw::CopySubstring(out, RoomFor(count), text, start, count);
+    return out;
+}
+
+ZVWIO32_API char* StrCopyNum(char* out, int size, const char* text, int count)
+{
+    zvw::CopyLeadingNumber(out, Room(size), text, Room(count));
     return out;
 }
 
 ZVWIO32_API char* StrCopyNum(char* out, const char* text, int count)
 {
-    if (!out)
-        return out;
-    const std::string n = zvw::LeadingNumber(text, count > 0 ? static_cast<std::size_t>(count) : 0);
-    std::memcpy(out, n.c_str(), n.size() + 1);
+    zvw::CopyLeadingNumber(out, RoomFor(count), text, Room(count));
     return out;
 }
 
 ZVWIO32_API char* StrCopyNum(char* out, const char* text)
 {
-    return StrCopyNum(out, text, INT_MAX);
+    // The number is a part of text, so the text's own length bounds it.
+    const std::size_t room = text ? std::strlen(text) + 1 : 1;
+    zvw::CopyLeadingNumber(out, room, text, room - 1);
+    return out;
 }
 
 ZVWIO32_API void ZvSplitPath(const char* path, char* dir, char* name, char* ext)
@@ -213,19 +235,25 @@ ZVWIO32_API HDC GetPrinterDC(const char* name)
     return CreateDCA("WINSPOOL", device, nullptr, nullptr);
 }
 
+ZVWIO32_API void InsertCommas(char* text, int size)
+{
+    zvw::InsertCommas(text, Room(size));
+}
+
 ZVWIO32_API void InsertCommas(char* text)
 {
-    if (!text)
-        return;
-    const std::string s = zvw::WithCommas(text);
-    std::memcpy(text, s.c_str(), s.size() + 1);
+    if (text)
+        zvw::InsertCommas(text, zvw::CommasRoom(std::strlen(text)));
+}
+
+ZVWIO32_API void InsertCommas(long value, char* text, int size)
+{
+    zvw::FormatWithCommas(value, text, Room(size));
 }
 
 ZVWIO32_API void InsertCommas(long value, char* text)
 {
-    if (!text)
-        return;
-    zvw::CopyText(text, 16, zvw::WithCommas(std::to_string(value)).c_str());
+    zvw::FormatWithCommas(value, text, kCommasOfLongSize);
 }
 
 ZVWIO32_API long GetFileDateAndSize(const char* path, char* date)

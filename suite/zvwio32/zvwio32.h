@@ -104,9 +104,35 @@ ZVWIO32_API long StringToLong(const char* text);
 ZVWIO32_API double StringToDouble(const char* text);
 ZVWIO32_API char* StrChrFirst(const char* text, int character);
 ZVWIO32_API char* StrChrLast(const char* text, int character);
+// Substrings, leading numbers and commas. The forms with a size take the
+// size of the buffer in bytes right after it: what does not fit is cut, the
+// result always ends in a zero, and nothing is written past the buffer (a
+// size of 0 or less writes nothing). The forms without a size write all that
+// the input gives; the most that each writes is told with it, and the
+// buffer must hold that much. The library's own callers use the forms with
+// a size.
+//
+// At most count characters of text from start on: min(count, strlen(text) -
+// start) characters and the zero, so at most count + 1 bytes; only the zero
+// when start lies outside text or count is 0 or less. Gives out.
 ZVWIO32_API char* StrSubstring(char* out, const char* text, int start, int count);
-ZVWIO32_API char* StrCopyNum(char* out, const char* text);  // the leading number of text
-ZVWIO32_API char* StrCopyNum(char* out, const char* text, int count);  // at most count characters of it
+ZVWIO32_API char* StrSubstring(char* out, int size, const char* text, int start, int count);
+// The decimal number that text begins with ("-12.5e3"), whole or at most
+// count characters of it, and the zero: at most strlen(text) + 1
+// bytes, or count + 1 with a count; only the zero when text does not begin
+// with a number. Gives out.
+ZVWIO32_API char* StrCopyNum(char* out, const char* text);
+ZVWIO32_API char* StrCopyNum(char* out, const char* text, int count);
+ZVWIO32_API char* StrCopyNum(char* out, int size, const char* text, int count);
+// "1234567" becomes "1,234,567" in place; a sign and a fraction stay. A text
+// of n characters (n > 0) grows to at most n + (n - 1) / 3 characters and
+// the zero: "1234567" takes 10 bytes.
+ZVWIO32_API void InsertCommas(char* text);
+ZVWIO32_API void InsertCommas(char* text, int size);
+// The decimal text of value with its commas: at most 15 bytes, those of
+// "-2,147,483,648" and the zero.
+ZVWIO32_API void InsertCommas(long value, char* text);
+ZVWIO32_API void InsertCommas(long value, char* text, int size);
 // Splits a path; each part (may be null) gets at most MAX_PATH bytes; the
 // extension comes without its dot.
 ZVWIO32_API void ZvSplitPath(const char* path, char* dir, char* name, char* ext);
@@ -151,9 +177,6 @@ ZVWIO32_API long GetNumColors(HWND window);  // of the display; 16777216 for tru
 // A device context of the named printer, or of the default printer for a
 // null or empty name; null when there is none. The caller deletes it.
 ZVWIO32_API HDC GetPrinterDC(const char* name);
-// "1234567" becomes "1,234,567" in place; text needs room for a third more.
-ZVWIO32_API void InsertCommas(char* text);
-ZVWIO32_API void InsertCommas(long value, char* text);  // text of 16 bytes
 // The file's size (-1 when it can't be read) and its date and time of last
 // change as local text into date (64 bytes; empty when there is none).
 ZVWIO32_API long GetFileDateAndSize(const char* path, char* date);

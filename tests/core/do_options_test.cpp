@@ -1,7 +1,10 @@
 // DoOptions on real images: the script's commands change the pixels as the
-// engine's own calls would, the script file goes away, and codes come back.
+// engine's own calls would, the script file goes away, codes come back, and
+// GetOptionsScript gives the text of the script that runs.
 #include <gtest/gtest.h>
 
+#include <cstdio>
+#include <cstring>
 #include <set>
 #include <string>
 
@@ -99,6 +102,46 @@ TEST_F(Conversion, PixelsChangeAsTheScriptSays)
     EXPECT_EQ(bits, 8);
     EXPECT_EQ(coretest::DibBytes(image), coretest::DibBytes(expected));
     EXPECT_NE(coretest::DibBytes(image), coretest::DibBytes(coretest::PatternImage(64, 48, 24)));
+}
+
+TEST_F(Conversion, TheScriptTextIsTheScriptThatRuns)
+{
+    tags.Set("BMPPNGAPPLYCOLORS", "ON");
+    tags.Set("RGBFF0000", "00FF00");
+    tags.Set("BMPPNGCONTRAST", "10");
+    tags.Set("PNGROT", "90");
+    tags.Set("BMPPNGFLIPH", "ON");
+    const std::string script = "ChangeColor 255 65280\n\rGamma 10 0 0\n\rRotate 270 0 1\n\r";
+    const int length = static_cast<int>(script.size());
+
+    // Too small a buffer gets the head of the script and its zero, and not a
+    // byte past its size; the result still tells the room needed.
+    char cut[12];
+    std::memset(cut, 'x', sizeof cut);
+    EXPECT_EQ(GetOptionsScript(image, tags.tags, "BMP", "PNG", formats, cut, 8), length);
+    EXPECT_EQ(std::string(cut), script.substr(0, 7));
+    EXPECT_EQ(std::string(cut + 8, 4), "xxxx");
+
+    std::string text(script.size() + 1, 'x');
+    ASSERT_EQ(GetOptionsScript(image, tags.tags, "BMP", "PNG", formats, text.data(), length + 1), length);
+    text.resize(script.size());
+    EXPECT_EQ(text, script);
+    EXPECT_EQ(coretest::DibBytes(image), coretest::DibBytes(expected));
+
+    // The text, run by the engine, does what DoOptions does.
+    char path[MAX_PATH] = {};
+    GetTempFileNameA(temp.folder, "zvs", 0, path);
+    FILE* file = std::fopen(path, "wb");
+    ASSERT_NE(file, nullptr);
+    std::fwrite(text.data(), 1, text.size(), file);
+    std::fclose(file);
+    ASSERT_EQ(expected->Test(path, nullptr, nullptr), 0);
+    DeleteFileA(path);
+    ASSERT_EQ(DoOptions(image, tags.tags, "BMP", "PNG", formats), 0);
+    EXPECT_EQ(coretest::DibBytes(image), coretest::DibBytes(expected));
+    long width = 0;
+    image->GetInfo(&width, nullptr, nullptr, nullptr, nullptr);
+    EXPECT_EQ(width, 48);
 }
 
 TEST_F(Conversion, ResizeAsTheDestinationsSizeTagsAsk)

@@ -299,6 +299,18 @@ TEST_F(OutputPages, HelpOpensTheTopicOfTheOutputPagesAndAClickTheControlsOwn)
 
 // ------------------------------------------------------ OK and Cancel
 
+TEST_F(OutputPages, ResolutionsNobodyChangedKeepTheirTextThroughThePage)
+{
+    // 846 and 847 tenths of a micron show as 300.236407 and 299.881936 dpi,
+    // and the way back through either text would not give them again.
+    tags.Set("BMPHR", "846");
+    tags.Set("BMPVR", "847");
+    d.WaitControl(IDC_OUT_WIDTH).ExpectText(IDC_OUT_HORZRES, "300.236407").PressOk();
+    EXPECT_EQ(Run(kRaster, "BMP", 2), 1);
+    EXPECT_EQ(tags.Get("BMPHR"), "846");
+    EXPECT_EQ(tags.Get("BMPVR"), "847");
+}
+
 TEST_F(OutputPages, OkWithThePageNeverLeftWritesItsTagsAndCancelNothing)
 {
     d.WaitControl(IDC_OUT_WIDTH).PressCancel();

@@ -107,11 +107,12 @@ inline int RunTestSheet(const SheetArgs& args, TestSheet* sheet)
     return RunSheetEntry(args, 0, IDS_PROCESSING_OPTIONS, AddAndRun, sheet);
 }
 
-// The library's folder with a final backslash.
+// The folder of the test program, which holds the library's objects, with a
+// final backslash.
 inline std::string LibraryFolder()
 {
     char path[MAX_PATH] = {};
-    GetModuleFileNameA(GetModuleHandleA("ZVOPT32.dll"), path, sizeof path);
+    GetModuleFileNameA(GetModuleHandleA(nullptr), path, sizeof path);
     std::string text = path;
     return text.substr(0, text.rfind('\\') + 1);
 }

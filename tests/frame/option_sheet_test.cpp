@@ -31,7 +31,7 @@ protected:
 
     SheetArgs Args(HWND parent = nullptr, const char* helpFile = nullptr)
     {
-        return SheetArgs{parent, &host, "Test host", helpFile, &formats, "BMP", "TIF", 2, 0, nullptr};
+        return SheetArgs{"test sheet", parent, &host, "Test host", helpFile, &formats, "BMP", "TIF", 2, 0, nullptr};
     }
 
     OKAMOD formats{nullptr};

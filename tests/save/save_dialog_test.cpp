@@ -399,6 +399,23 @@ TEST(SaveOptions, AMetafileForARasterSourceAsksForTheClassFirst)
     EXPECT_EQ(Tag(road.tags, "WMFRVFORCE"), "V");
 }
 
+TEST(SaveOptions, AfterTheClassDialogTheSheetFollowsTheRegistrysTypeOfTheSource)
+{
+    // A CGM source handed in as raster asks for the class; the class dialog
+    // then takes the source's type from the registry, a vector format, and
+    // a metafile of both kinds from a vector source has the vector page.
+    SaveRoad road;
+    DialogDriver d;
+    OpenSave(d);
+    TypeName(d, "chart.wmf");
+    d.Click(kOptions).WaitWindow("Metafile Options").Click(5403).PressOk();
+    ExpectSheetControl(d, kVectorWidth);
+    CancelSheet(d).WaitWindow(kCaption).WaitControl(kTypeList).PressCancel();
+    road.Save(d, "CGM", 1);
+    EXPECT_FALSE(d.Failed());
+    EXPECT_EQ(Tag(road.tags, "WMFRVFORCE"), "M");
+}
+
 TEST(SaveOptions, PixCountsAsRasterWhateverTheClassChosen)
 {
     SaveRoad road;

@@ -162,7 +162,9 @@ TEST(TargetApp, SameNameDiffersByTableAndCancelWritesNothing)
 
 TEST(TargetApp, TiffFlavourReadsItsDefinitionFromTheRegistry)
 {
-    FlavourKey freehand("Freehand 3.1", "II*-FH31");
+    // A definition fills its 128 bytes with 127 characters and the end.
+    const std::string definition = "II*-FH31" + std::string(119, 'x');
+    FlavourKey freehand("Freehand 3.1", definition.c_str());
     SaveRoad road;
     road.Prime("CGM", 2);
     DialogDriver d;
@@ -172,8 +174,7 @@ TEST(TargetApp, TiffFlavourReadsItsDefinitionFromTheRegistry)
     EXPECT_FALSE(d.Failed());
     EXPECT_EQ(Tag(road.tags, "VDESTTYPE"), "TIF");
     EXPECT_EQ(Tag(road.tags, "TIFFLAV"), "Freehand 3.1");
-    EXPECT_EQ(Tag(road.tags, "TIFTYPE"), "II*-FH31");
-
+    EXPECT_EQ(Tag(road.tags, "TIFTYPE"), definition);
 }
 
 TEST(TargetApp, AFlavourWithoutDefinitionKeepsTheOneThereWas)
@@ -190,19 +191,22 @@ TEST(TargetApp, AFlavourWithoutDefinitionKeepsTheOneThereWas)
     EXPECT_EQ(Tag(road.tags, "TIFTYPE"), "kept");
 }
 
-TEST(TargetApp, TheSaveDialogsButtonSelectsTheChosenFormat)
+TEST(TargetApp, TheSaveDialogsButtonSelectsTheChosenFormatAndTheNameFollows)
 {
     SaveRoad road;
     std::string folder = TempFolder();
     lstrcpynA(road.path, (folder + "\\page.bmp").c_str(), sizeof road.path);
     DialogDriver d;
-    d.WaitWindow("Save Image").WaitControl(kTypeList).Click(kTargetApp).WaitWindow("Target Application");
+    d.WaitWindow("Save Image").WaitControl(kTypeList);
+    // A typed extension that is no format leaves Options off...
+    TypeName(d, "page.xyz").ExpectEnabled(kOptions, false).Click(kTargetApp).WaitWindow("Target Application");
     Choose(d, "Publisher").PressOk();
     d.WaitWindow("Save Image").WaitControl(kTypeList).Do([](HWND dialog) {
         EXPECT_EQ(SelectedType(dialog).find("CompuServe GIF"), 0u) << SelectedType(dialog);
         EXPECT_EQ(zvtest::DialogDriver::TextOf(NameBox(dialog)), "page.GIF");
     });
-    d.PressOk();
+    // ...and the name the button writes is handled as if typed: GIF has options.
+    d.ExpectEnabled(kOptions, true).PressOk();
     EXPECT_NE(road.Save(d, "BMP", 1), 0);
     EXPECT_FALSE(d.Failed());
     EXPECT_EQ(std::string(road.path), folder + "\\page.GIF");

@@ -256,7 +256,7 @@ TEST(TextHelpers, ColoursKeepTheirByteOrderAndCommasGoInPlace)
     char text[32];
     GetTextHexRGB(RGB(1, 2, 0xAB), text);
     EXPECT_STREQ(text, "0102AB");
-    InsertCommas(-1234567L, text);
+    InsertCommas(-1234567L, text, sizeof text);
     EXPECT_STREQ(text, "-1,234,567");
 }
 

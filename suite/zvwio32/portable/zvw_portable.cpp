@@ -205,6 +205,45 @@ std::string LeadingNumber(const char* text, std::size_t count)
     return std::string(text, span);
 }
 
+void CopySubstring(char* out, std::size_t size, const char* text, int start, int count)
+{
+    if (!text || start < 0 || count <= 0) {
+        CopyText(out, size, "");
+        return;
+    }
+    // The start may lie past the end: it must not be read from there.
+    const std::size_t at = static_cast<std::size_t>(start);
+    if (strnlen(text, at) < at) {
+        CopyText(out, size, "");
+        return;
+    }
+    const std::size_t n = strnlen(text + at, static_cast<std::size_t>(count));
+    CopyText(out, size, std::string(text + at, n).c_str());
+}
+
+void CopyLeadingNumber(char* out, std::size_t size, const char* text, std::size_t count)
+{
+    CopyText(out, size, LeadingNumber(text, count).c_str());
+}
+
+void InsertCommas(char* text, std::size_t size)
+{
+    if (!text || size == 0)
+        return;
+    const std::string number(text, strnlen(text, size));
+    CopyText(text, size, WithCommas(number).c_str());
+}
+
+void FormatWithCommas(long value, char* out, std::size_t size)
+{
+    CopyText(out, size, WithCommas(std::to_string(value)).c_str());
+}
+
+std::size_t CommasRoom(std::size_t length)
+{
+    return length == 0 ? 1 : length + (length - 1) / 3 + 1;
+}
+
 double Divide(double numerator, double denominator)
 {
     return denominator == 0.0 ? 0.0 : numerator / denominator;

@@ -33,6 +33,25 @@ std::string WithCommas(const std::string& number);
 // `count` characters of it.
 std::string LeadingNumber(const char* text, std::size_t count);
 
+// The text helpers that write into a caller's buffer of size bytes: what
+// does not fit is cut, the result always ends in a zero, and a size of 0
+// writes nothing.
+//
+// At most count characters of text from start on; the empty text for a
+// start outside text or a count of 0 or less.
+void CopySubstring(char* out, std::size_t size, const char* text, int start, int count);
+// LeadingNumber of text into out.
+void CopyLeadingNumber(char* out, std::size_t size, const char* text, std::size_t count);
+// WithCommas on the text that text[size] holds, in place; an unterminated
+// text counts as full.
+void InsertCommas(char* text, std::size_t size);
+// The decimal text of value with its commas ("-2,147,483,648").
+void FormatWithCommas(long value, char* out, std::size_t size);
+// The bytes that a number of length characters takes with its commas and
+// the zero: one comma for each full three characters after the first, so
+// "1234567" (7) needs 10.
+std::size_t CommasRoom(std::size_t length);
+
 double Divide(double numerator, double denominator);  // 0 for a zero denominator
 double RoundToStep(double value, double step);        // nearest multiple of step
 

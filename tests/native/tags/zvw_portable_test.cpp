@@ -167,6 +167,40 @@ TEST(NumberText, WritingNumbers)
     EXPECT_EQ(zvw::LeadingNumber("x1", 5), "");
 }
 
+// Each buffer below has exactly the size passed, so that the sanitizer sees
+// any write past it.
+TEST(NumberText, BoundedFormsCutToTheBufferAndStayTerminated)
+{
+    char four[4];
+    zvw::CopySubstring(four, sizeof four, "abcdefgh", 2, 5);
+    EXPECT_STREQ(four, "cde");
+    const std::string shortText = "abc";  // on the heap: a read past its end is seen
+    zvw::CopySubstring(four, sizeof four, shortText.c_str(), 5, 2);
+    EXPECT_STREQ(four, "");
+    zvw::CopyLeadingNumber(four, sizeof four, "-12345x", 99);
+    EXPECT_STREQ(four, "-12");
+
+    char exact[10] = "1234567";
+    ASSERT_EQ(zvw::CommasRoom(7), sizeof exact);
+    zvw::InsertCommas(exact, sizeof exact);
+    EXPECT_STREQ(exact, "1,234,567");
+    char unterminated[4] = {'1', '2', '3', '4'};
+    zvw::InsertCommas(unterminated, sizeof unterminated);
+    EXPECT_STREQ(unterminated, "1,2");
+
+    char longest[15];
+    zvw::FormatWithCommas(-2147483647L - 1, longest, sizeof longest);
+    EXPECT_STREQ(longest, "-2,147,483,648");
+    char eight[8];
+    zvw::FormatWithCommas(-2147483647L - 1, eight, sizeof eight);
+    EXPECT_STREQ(eight, "-2,147,");
+
+    char untouched = 'x';
+    zvw::CopySubstring(&untouched, 0, "abc", 0, 1);
+    zvw::InsertCommas(&untouched, 0);
+    EXPECT_EQ(untouched, 'x');
+}
+
 TEST(Paths, SplitIntoDirectoryNameAndExtension)
 {
     char dir[16], name[16], ext[16];
