@@ -62,12 +62,26 @@ function(zv_add_test name)
     WORKING_DIRECTORY ${CMAKE_BINARY_DIR}/bin PROPERTIES TIMEOUT 120)
 endfunction()
 
-# A libFuzzer target over a portable library (native clang build only).
+# A fuzz target over a portable library. With ZV_FUZZ it is a libFuzzer
+# program; in the plain native build the same target is linked with the
+# replay main and runs every seed of fuzz/seeds/<name>/ as a test.
 function(zv_add_fuzzer name)
   cmake_parse_arguments(A "" "" "SOURCES;LINK" ${ARGN})
-  add_executable(${name} ${A_SOURCES})
-  target_compile_options(${name} PRIVATE -fsanitize=fuzzer,address,undefined)
-  target_link_options(${name} PRIVATE -fsanitize=fuzzer,address,undefined)
+  set(seeds ${CMAKE_SOURCE_DIR}/fuzz/seeds/${name})
+  file(GLOB seed_files ${seeds}/*)
+  if(NOT seed_files)
+    message(FATAL_ERROR "fuzz target ${name} has no seeds in ${seeds}")
+  endif()
+  if(ZV_FUZZ)
+    add_executable(${name} ${A_SOURCES})
+    target_compile_options(${name} PRIVATE -fsanitize=fuzzer,address,undefined)
+    target_link_options(${name} PRIVATE -fsanitize=fuzzer,address,undefined)
+  else()
+    add_executable(${name} ${A_SOURCES} $<TARGET_OBJECTS:fuzz_replay_main>)
+    add_test(NAME fuzz_seeds.${name} COMMAND ${name} ${seeds})
+    set_tests_properties(fuzz_seeds.${name} PROPERTIES LABELS fuzz TIMEOUT 60)
+  endif()
   target_link_libraries(${name} PRIVATE ${A_LINK})
 endfunction()
+
 include(${CMAKE_CURRENT_LIST_DIR}/ZvSubdirs.cmake)

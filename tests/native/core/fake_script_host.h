@@ -4,6 +4,7 @@
 #pragma once
 
 #include <cmath>
+#include <cstdio>
 #include <string>
 #include <vector>
 
@@ -40,10 +41,13 @@ public:
         *h = resizeHeight;
         return resizeResult;
     }
-    // Exact for right angles, which is all the tests use.
+    // Exact for right angles, which is all the tests use. The angle is
+    // recorded as a double: a tag may hold one far beyond an int.
     void GetRotatedSize(double angle, double w, double h, double* nw, double* nh) override
     {
-        calls.push_back("GetRotatedSize " + std::to_string(static_cast<int>(angle)));
+        char text[32];
+        std::snprintf(text, sizeof text, "%g", angle);
+        calls.push_back(std::string("GetRotatedSize ") + text);
         bool quarter = std::fmod(std::fabs(angle), 180.0) == 90.0;
         *nw = quarter ? h : w;
         *nh = quarter ? w : h;
