@@ -3,7 +3,6 @@
 #include <string>
 
 #include "script_parser.h"
-#include "script_runner.h"
 
 using namespace ravi;
 
@@ -72,34 +71,4 @@ TEST(ScriptParser, RangesIncludeTheirEnds)
                           "Reduce 1 0 0 0\n\rChangeColor 0 16777215\n\r");
     EXPECT_EQ(p.code, 0);
     EXPECT_EQ(p.commands.size(), 6u);
-}
-
-TEST(ScriptRunner, RunsTheLinesBeforeABadOneAndNotIt)
-{
-    Image image;
-    ASSERT_EQ(MakeImage(4, 2, 24, &image), 0);
-    // Invert runs (black to white), Rotate runs, the bad Gamma and what
-    // follows do not.
-    const std::string text = "Invert\n\rRotate 90 0 0\n\rGamma 200 0 0\n\rInvert\n\r";
-    int line = -1;
-    short rc = RunScript(image, reinterpret_cast<const uint8_t*>(text.data()), text.size(), &line);
-    EXPECT_EQ(rc, kScriptOutOfRange);
-    EXPECT_EQ(line, 3);
-    EXPECT_EQ(image.Width(), 2);
-    EXPECT_EQ(image.PixelRgb(0, 0), 0xFFFFFFu);
-
-    // The worked example of a conversion runs through.
-    const std::string example = "Gamma 10 -5 0\n\rRotate 270 1 0\n\rResize 64 48 1\n\rReduce 8 2 256 4234\n\r";
-    rc = RunScript(image, reinterpret_cast<const uint8_t*>(example.data()), example.size(), &line);
-    EXPECT_EQ(rc, 0);
-    EXPECT_EQ(line, 0);
-    EXPECT_EQ(image.Width(), 64);
-    EXPECT_EQ(image.Bits(), 8);
-
-    // Tracing is not a pixel operation: the runner says so at its line.
-    const std::string trace = "Invert\n\rPrepRaster 0 0 16\n\r";
-    EXPECT_EQ(RunScript(image, reinterpret_cast<const uint8_t*>(trace.data()), trace.size(), &line),
-              kEngineNotSupported);
-    EXPECT_EQ(line, 2);
-    EXPECT_EQ(RunScript(image, nullptr, 0, &line), 0);
 }
