@@ -46,20 +46,14 @@ TEST(DoClone, AClonesPictureIsItsOwnThroughChangesOnEitherSideAndFurtherClones)
     ASSERT_EQ(DoClone(clone, &second), 0);
     EXPECT_EQ(coretest::DibBytes(second), original);
 
-    // The clone changes: a clone of it now carries the change, the earlier
-    // one doesn't, and the change can still be taken back.
+    // The clone changes, unsaved: a clone of it now carries the change, and
+    // the earlier one doesn't.
     ASSERT_EQ(clone->Invert(), 0);
     Dewey* third = new Dewey;
     ASSERT_EQ(DoClone(clone, &third), 0);
     EXPECT_EQ(coretest::DibBytes(third), inverted);
     EXPECT_EQ(coretest::DibBytes(second), original);
-    ASSERT_EQ(clone->UndoRedo(), 0);
-    EXPECT_EQ(coretest::DibBytes(clone), original);
-    Dewey* fourth = new Dewey;
-    ASSERT_EQ(DoClone(clone, &fourth), 0);
-    EXPECT_EQ(coretest::DibBytes(fourth), original);
-    EXPECT_EQ(coretest::DibBytes(third), inverted);
-    for (Dewey* d : {clone, second, third, fourth}) delete d;
+    for (Dewey* d : {clone, second, third}) delete d;
 }
 
 TEST(DoClone, SharesAVectorImage)

@@ -1,5 +1,6 @@
-// Small helpers for the engine's tests: temporary paths, and reading and
-// setting pixels of a document through its DIB.
+// Small helpers for the tests that work on the engine's documents:
+// temporary paths, pictures to start from, and reading and setting pixels of
+// a document through its DIB.
 #pragma once
 
 #include <windows.h>
@@ -7,6 +8,7 @@
 #include <cstdint>
 #include <cstdio>
 #include <string>
+#include <vector>
 
 #include "portable/dib.h"
 #include "portable/engine_codes.h"
@@ -24,15 +26,23 @@ inline std::string TempPath(const char* name)
     return path;
 }
 
+// The bytes of a document's DIB: header, colour table and rows.
+inline std::vector<uint8_t> DibBytes(Dewey* document)
+{
+    BITMAPINFOHEADER* header = document->GetDib();
+    ravi::DibLayout layout;
+    if (!header || ravi::ComputeDibLayout(header->biWidth, header->biHeight, header->biBitCount, &layout) != 0)
+        return {};
+    const uint8_t* bytes = reinterpret_cast<const uint8_t*>(header);
+    return std::vector<uint8_t>(bytes, bytes + layout.totalBytes);
+}
+
 // A checked copy of the document's DIB.
 inline ravi::Image Picture(Dewey& document)
 {
     ravi::Image image;
-    BITMAPINFOHEADER* header = document.GetDib();
-    if (!header) return image;
-    ravi::DibLayout layout;
-    if (ravi::ComputeDibLayout(header->biWidth, header->biHeight, header->biBitCount, &layout) != 0) return image;
-    ravi::ImageFromDib(reinterpret_cast<const uint8_t*>(header), layout.totalBytes, &image);
+    std::vector<uint8_t> bytes = DibBytes(&document);
+    ravi::ImageFromDib(bytes.data(), bytes.size(), &image);
     return image;
 }
 
