@@ -3,8 +3,9 @@
 // script file that records each write.
 #pragma once
 
+#include <cctype>
 #include <cmath>
-#include <cstdio>
+#include <map>
 #include <string>
 #include <vector>
 
@@ -41,33 +42,23 @@ public:
         *h = resizeHeight;
         return resizeResult;
     }
-    // Exact for right angles, which is all the tests use. The angle is
-    // recorded as a double: a tag may hold one far beyond an int.
+    // Exact for right angles, which is all the tests use.
     void GetRotatedSize(double angle, double w, double h, double* nw, double* nh) override
     {
-        char text[32];
-        std::snprintf(text, sizeof text, "%g", angle);
-        calls.push_back(std::string("GetRotatedSize ") + text);
+        calls.push_back("GetRotatedSize");
         bool quarter = std::fmod(std::fabs(angle), 180.0) == 90.0;
         *nw = quarter ? h : w;
         *nh = quarter ? w : h;
     }
     int FormatType(const char* ext) override
     {
+        static const std::map<std::string, int> types = {{"BMP", 1}, {"TIF", 1}, {"GIF", 1}, {"PRN", 1}, {"FAX", 5},
+                                                         {"DXF", 2}, {"CGM", 2}, {"WMF", 3}, {"WRL", 6}};
         std::string e(ext);
         for (auto& c : e)
             c = static_cast<char>(std::toupper(static_cast<unsigned char>(c)));
-        if (e == "BMP" || e == "TIF" || e == "GIF" || e == "PRN")
-            return 1;
-        if (e == "FAX")
-            return 5;
-        if (e == "DXF" || e == "CGM")
-            return 2;
-        if (e == "WMF")
-            return 3;
-        if (e == "WRL")
-            return 6;
-        return 0;
+        auto it = types.find(e);
+        return it == types.end() ? 0 : it->second;
     }
     int IsModRaster(const char* ext) override
     {

@@ -4,8 +4,10 @@
 // rule looked at.
 #pragma once
 
+#include <algorithm>
 #include <cstdlib>
 #include <map>
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -55,51 +57,24 @@ public:
     }
     void* OpenSearch(const char* prefix) override
     {
-        auto* keys = new std::vector<std::string>;
+        auto search = std::make_unique<Search>();
         std::string p(prefix);
-        for (auto& [k, v] : tags) {
+        for (auto& [k, v] : tags)
             if (k.compare(0, p.size(), p) == 0)
-                keys->push_back(k.substr(p.size()));
-        }
-        searches.push_back(keys);
-        positions.push_back(0);
-        return keys;
+                search->keys.push_back(k.substr(p.size()));
+        return searches.emplace_back(std::move(search)).get();
     }
     const char* NextKey(void* search) override
     {
-        for (std::size_t i = 0; i < searches.size(); ++i) {
-            if (searches[i] == search) {
-                if (positions[i] >= searches[i]->size())
-                    return nullptr;
-                return (*searches[i])[positions[i]++].c_str();
-            }
-        }
-        return nullptr;
+        auto* s = static_cast<Search*>(search);
+        return s->next < s->keys.size() ? s->keys[s->next++].c_str() : nullptr;
     }
     void CloseSearch(void* search) override
     {
-        for (std::size_t i = 0; i < searches.size(); ++i) {
-            if (searches[i] == search) {
-                delete searches[i];
-                searches.erase(searches.begin() + static_cast<long>(i));
-                positions.erase(positions.begin() + static_cast<long>(i));
-                return;
-            }
-        }
-    }
-    ~MemoryTags() override
-    {
-        for (auto* s : searches)
-            delete s;
+        std::erase_if(searches, [search](const auto& s) { return s.get() == search; });
     }
 
-    bool WasRead(const std::string& key) const
-    {
-        for (auto& r : reads)
-            if (r == key)
-                return true;
-        return false;
-    }
+    bool WasRead(const std::string& key) const { return std::find(reads.begin(), reads.end(), key) != reads.end(); }
     std::string Value(const std::string& key) const
     {
         auto it = tags.find(key);
@@ -108,8 +83,11 @@ public:
     std::size_t OpenSearches() const { return searches.size(); }
 
 private:
-    std::vector<std::vector<std::string>*> searches;
-    std::vector<std::size_t> positions;
+    struct Search {
+        std::vector<std::string> keys;
+        std::size_t next = 0;
+    };
+    std::vector<std::unique_ptr<Search>> searches;
 };
 
 // The two lists of the string table that the trace numbers look in.
