@@ -8,13 +8,16 @@
 
 namespace {
 
-TEST(SectionDescription, SplitsIdOwnerAndName)
+TEST(SectionDescription, SplitsIdOwnerAndNameAndReadsNonHexFieldsAsZero)
 {
     zv::SectionDescription d;
     ASSERT_EQ(zv::ParseSectionDescription("0000002A000103F2ZvImage7", &d), zv::DescriptionResult::kOk);
     EXPECT_EQ(d.id, 42u);
     EXPECT_EQ(d.owner, 0x103F2u);
     EXPECT_STREQ(d.name, "ZvImage7");
+    ASSERT_EQ(zv::ParseSectionDescription("zzzzzzzz12zzzzzzname", &d), zv::DescriptionResult::kOk);
+    EXPECT_EQ(d.id, 0u);
+    EXPECT_EQ(d.owner, 0x12u);
 }
 
 TEST(SectionDescription, RefusesShortTextAndOverlongNames)
@@ -34,14 +37,6 @@ TEST(SectionDescription, RefusesShortTextAndOverlongNames)
     EXPECT_EQ(d.id, 1u);
     EXPECT_EQ(d.owner, 2u);
     EXPECT_STREQ(d.name, "");
-}
-
-TEST(SectionDescription, NonHexFieldsReadAsZero)
-{
-    zv::SectionDescription d;
-    ASSERT_EQ(zv::ParseSectionDescription("zzzzzzzz12zzzzzzname", &d), zv::DescriptionResult::kOk);
-    EXPECT_EQ(d.id, 0u);
-    EXPECT_EQ(d.owner, 0x12u);
 }
 
 TEST(SectionDescription, WideNameSignExtendsEachByte)

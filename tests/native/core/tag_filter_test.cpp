@@ -10,7 +10,8 @@ namespace {
 
 TEST(FilterTagList, ResolvesTheThreeWildcardForms)
 {
-    MemoryTags list{{"??????SMOOTH", "ON"}, {"???BMPCPROC", "SNAP"}, {"BMP???CPROC", "DIFF"}, {"TIF???Q", "80"}};
+    MemoryTags list{{"??????SMOOTH", "ON"}, {"???BMPCPROC", "SNAP"}, {"BMP???CPROC", "DIFF"}, {"TIF???Q", "80"},
+                    {"??????CONTRAST", "10"}};
     MemoryTags out;
     zv::FilterTagList(list, out, "BMP", "TIF");
     EXPECT_EQ(out.Value("BMPTIFSMOOTH"), "ON");
@@ -19,7 +20,9 @@ TEST(FilterTagList, ResolvesTheThreeWildcardForms)
     EXPECT_EQ(out.Value("BMPTIFCPROC"), "DIFF");
     // Another source's wildcard is no wildcard of this one; kept as it is.
     EXPECT_EQ(out.Value("TIF???Q"), "80");
-    EXPECT_EQ(out.tags.size(), 4u);
+    // A wildcard is not tested for the script's names.
+    EXPECT_EQ(out.Value("BMPTIFCONTRAST"), "10");
+    EXPECT_EQ(out.tags.size(), 5u);
     EXPECT_EQ(list.OpenSearches(), 0u);
 }
 
@@ -36,14 +39,6 @@ TEST(FilterTagList, KeepsScriptTagsAndColourPairsOut)
     EXPECT_EQ(out.Value("TIFW"), "2.5");
     EXPECT_EQ(out.Value("BMPTIFBVIS"), "ON");
     EXPECT_EQ(out.Value("OPENDIR"), "C:\\x");
-}
-
-TEST(FilterTagList, WildcardsAreNotTestedForScriptNames)
-{
-    MemoryTags list{{"??????CONTRAST", "10"}};
-    MemoryTags out;
-    zv::FilterTagList(list, out, "BMP", "TIF");
-    EXPECT_EQ(out.Value("BMPTIFCONTRAST"), "10");
 }
 
 TEST(FilterTagList, LaterSetsWinAndShortKeysAreSafe)
@@ -77,27 +72,21 @@ TEST(FilterTagList, LongKeysAndValuesPass)
 
 TEST(TranslateAllTags, MovesOnlyFromNeutralOrBackToTheLastDestination)
 {
-    MemoryTags tags{{"BMPGIFCONTRAST", "10"}, {"GIFW", "3"}};
-    char translated[zv::kTranslatedKeySize] = "TIF";
+    MemoryTags tags{{"BMPGIFCONTRAST", "10"}, {"GIFW", "3"}, {"TIFW", "5"}};
+    char translated[zv::kTranslatedKeySize] = "tif";
     zv::TranslateAllTags(tags, translated, "BMP", "TIF", "GIF");
-    EXPECT_STREQ(translated, "TIF");
-    EXPECT_EQ(tags.tags.size(), 2u);
+    EXPECT_STREQ(translated, "tif");
+    EXPECT_EQ(tags.tags.size(), 3u);
     EXPECT_TRUE(tags.reads.empty());
 
+    // Back to the last destination, in any case: the tags move, a target
+    // already there stays, and the old tag is emptied all the same.
     zv::TranslateAllTags(tags, translated, "BMP", "GIF", "TIF");
     EXPECT_STREQ(translated, "TIF");
     EXPECT_EQ(tags.Value("BMPTIFCONTRAST"), "10");
-    EXPECT_EQ(tags.Value("TIFW"), "3");
-    EXPECT_EQ(tags.Value("GIFW"), "<absent>");
-}
-
-TEST(TranslateAllTags, AnExistingTargetStaysAndTheOldIsStillEmptied)
-{
-    MemoryTags tags{{"BMPGIFCONTRAST", "10"}, {"BMPTIFCONTRAST", "20"}};
-    char translated[zv::kTranslatedKeySize] = "tif";
-    zv::TranslateAllTags(tags, translated, "BMP", "GIF", "TIF");
-    EXPECT_EQ(tags.Value("BMPTIFCONTRAST"), "20");
     EXPECT_EQ(tags.Value("BMPGIFCONTRAST"), "<absent>");
+    EXPECT_EQ(tags.Value("TIFW"), "5");
+    EXPECT_EQ(tags.Value("GIFW"), "<absent>");
 }
 
 TEST(TranslateAllTags, FromNeutralKeepsTheNeutralTagsAndWalksTheTableInOrder)
