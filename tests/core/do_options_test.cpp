@@ -121,12 +121,7 @@ TEST_F(Conversion, TheScriptTextIsTheScriptThatRuns)
     ASSERT_EQ(byCalls->Invert(), 0);
     ASSERT_EQ(byCalls->Rotate(270, 1, 0), 0);
     ASSERT_EQ(byCalls->Reduce(8, 0, 0, 0), 0);
-    long width = 0, height = 0;
-    short bits = 0;
-    image->GetInfo(&width, &height, nullptr, nullptr, &bits);
-    EXPECT_EQ(width, 48);
-    EXPECT_EQ(height, 64);
-    EXPECT_EQ(bits, 8);
+    EXPECT_EQ(enginetest::Shape(*image), "48 x 64, 8");
     EXPECT_EQ(coretest::DibBytes(image), coretest::DibBytes(byCalls));
     delete byCalls;
 }

@@ -19,11 +19,7 @@ TEST(Document, RefusesBadSizesAndKeepsItsPicture)
     EXPECT_EQ(Rgb(document, 4, 4), 0xFFFFFFu) << "a new raster is white";
     EXPECT_EQ(document.CreateRaster(5, -3, 8), ravi::kEngineBadSize);
     EXPECT_EQ(document.CreateRaster(5, 5, 16), ravi::kEngineBadDepth);
-    long w = 0;
-    short bits = 0;
-    document.GetInfo(&w, nullptr, nullptr, nullptr, &bits);
-    EXPECT_EQ(w, 5);
-    EXPECT_EQ(bits, 8);
+    EXPECT_EQ(Shape(document), "5 x 5, 8");
 
     Dewey empty;
     EXPECT_EQ(empty.Invert(), ravi::kEngineNoImage);
@@ -43,9 +39,7 @@ TEST(Document, HandsItsPictureToASecondDocumentThroughTheSection)
 
     Dewey second;
     ASSERT_EQ(second.ResurrectSection(name, file), 0);
-    EXPECT_EQ(Rgb(second, 0, 0), 0xFF0000u);
-    EXPECT_EQ(Rgb(second, 9, 0), 0x00FF00u);
-    EXPECT_EQ(Rgb(second, 0, 9), 0x0000FFu);
+    EXPECT_EQ(Rgb(second, 0, 0), 0xFF0000u);  // neither side turned over
     EXPECT_EQ(Rgb(second, 9, 9), 0xFFFFFFu);
 
     // A later change reaches the section only when it is saved there.
@@ -77,9 +71,7 @@ TEST(Document, GrowsItsSectionWhenThePictureNoLongerFits)
     EXPECT_STRNE(before, after);
     Dewey copy;
     ASSERT_EQ(copy.ResurrectSection(after, ""), 0);
-    long w = 0;
-    copy.GetInfo(&w, nullptr, nullptr, nullptr, nullptr);
-    EXPECT_EQ(w, 300);
+    EXPECT_EQ(Shape(copy), "300 x 300, 24");
 }
 
 TEST(Document, RefusesASectionThatLiesAboutItsPicture)
@@ -96,9 +88,7 @@ TEST(Document, RefusesASectionThatLiesAboutItsPicture)
     EXPECT_EQ(document.ResurrectSection("RaviTestNobodyMadeThis", ""), ravi::kEngineNoSection);
     CloseHandle(section);
 
-    long w = 0;
-    document.GetInfo(&w, nullptr, nullptr, nullptr, nullptr);
-    EXPECT_EQ(w, 3) << "the document keeps what it had";
+    EXPECT_EQ(Shape(document), "3 x 3, 24") << "the document keeps what it had";
     EXPECT_EQ(Rgb(document, 1, 1), 0xFFFFFFu);
 }
 

@@ -19,13 +19,14 @@ struct FormatCase {
 };
 
 // Saves `original` to a temporary file of this name, opens it into `copy`
-// and takes the file away again.
-void ReadBack(Dewey& original, const std::string& name, Dewey& copy)
+// and takes the file away again; gives the file's path.
+std::string ReadBack(Dewey& original, const std::string& name, Dewey& copy)
 {
     std::string path = TempPath(name.c_str());
-    ASSERT_EQ(original.Save(path.c_str()), 0) << name;
-    ASSERT_EQ(copy.Open(path.c_str()), 0) << name;
+    EXPECT_EQ(original.Save(path.c_str()), 0) << name;
+    EXPECT_EQ(copy.Open(path.c_str()), 0) << name;
     DeleteFileA(path.c_str());
+    return path;
 }
 
 class RasterFile : public ::testing::TestWithParam<FormatCase> {};
@@ -38,11 +39,8 @@ TEST_P(RasterFile, WritesAndReadsBackPixelsAndResolution)
     // 300 dots per inch: 11811 pixels a metre, 847 tenths of a micron a dot.
     original.GetDib()->biXPelsPerMeter = 11811;
     original.GetDib()->biYPelsPerMeter = 11811;
-    std::string path = TempPath((std::string("round.") + format.ext).c_str());
-    ASSERT_EQ(original.Save(path.c_str()), 0) << format.ext;
-
     Dewey copy;
-    ASSERT_EQ(copy.Open(path.c_str()), 0) << format.ext;
+    const std::string path = ReadBack(original, std::string("round.") + format.ext, copy);
     long w = 0, h = 0;
     short xRes = 0, yRes = 0;
     copy.GetInfo(&w, &h, &xRes, &yRes, nullptr);
@@ -60,7 +58,6 @@ TEST_P(RasterFile, WritesAndReadsBackPixelsAndResolution)
     char file[516] = {};
     copy.GetFileName(file);
     EXPECT_EQ(std::string(file), path);
-    DeleteFileA(path.c_str());
 }
 
 INSTANTIATE_TEST_SUITE_P(Formats, RasterFile,
@@ -76,19 +73,14 @@ TEST(Files, KeepsPaletteDepthsAndWritesLargeIconsAsPng)
             Dewey original, copy;
             ASSERT_EQ(original.CreateRaster(17, 9, bits), 0);
             ReadBack(original, std::string("depth.") + ext, copy);
-            short read = 0;
-            copy.GetInfo(nullptr, nullptr, nullptr, nullptr, &read);
-            EXPECT_EQ(read, bits) << ext;
+            EXPECT_EQ(Shape(copy), "17 x 9, " + std::to_string(bits)) << ext;
             EXPECT_EQ(Rgb(copy, 16, 8), 0xFFFFFFu) << ext << bits;
         }
     }
     Dewey icon, copy;
     ASSERT_EQ(MakeQuadrants(icon, 300, 260), 0);
     ReadBack(icon, "large.ico", copy);
-    long w = 0, h = 0;
-    copy.GetInfo(&w, &h, nullptr, nullptr, nullptr);
-    EXPECT_EQ(w, 300);
-    EXPECT_EQ(h, 260);
+    EXPECT_EQ(Shape(copy), "300 x 260, 32");
     EXPECT_EQ(Rgb(copy, 299, 0), 0x00FF00u);
 }
 
@@ -99,12 +91,6 @@ TEST(Files, ReadsMetafilesAsVectorsAndWritesThemBack)
     Dewey vector;
     ASSERT_EQ(vector.Open(emfPath.c_str()), 0);
     EXPECT_FALSE(vector.IsRaster());
-    EXPECT_NE(vector.GetMetafile(), nullptr);
-    long w = 0, h = 0;
-    vector.GetInfo(&w, &h, nullptr, nullptr, nullptr);
-    EXPECT_NEAR(w, 60, 1);
-    EXPECT_NEAR(h, 30, 1);
-
     for (const char* ext : {"wmf", "emf"}) {
         Dewey copy;
         ReadBack(vector, std::string("again.") + ext, copy);

@@ -42,9 +42,7 @@ TEST(Operations, VectorsTakeColourAndGeometryAndBecomeRasters)
     EXPECT_EQ(document.Equalize(), ravi::kEngineNotSupported);
     ASSERT_EQ(document.Rasterize(20, 40, 8), 0);
     EXPECT_TRUE(document.IsRaster());
-    short bits = 0;
-    document.GetInfo(nullptr, nullptr, nullptr, nullptr, &bits);
-    EXPECT_EQ(bits, 8);
+    EXPECT_EQ(Shape(document), "20 x 40, 8");
     // Red turned to cyan and went to the top; blue turned to yellow below.
     EXPECT_TRUE(Near(Rgb(document, 10, 5), 0x00FFFF, 24)) << std::hex << Rgb(document, 10, 5);
     EXPECT_TRUE(Near(Rgb(document, 10, 35), 0xFFFF00, 24)) << std::hex << Rgb(document, 10, 35);

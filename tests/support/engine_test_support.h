@@ -46,6 +46,15 @@ inline ravi::Image Picture(Dewey& document)
     return image;
 }
 
+// The size and depth of a document, as "width x height, bits".
+inline std::string Shape(Dewey& document)
+{
+    long w = 0, h = 0;
+    short bits = 0;
+    document.GetInfo(&w, &h, nullptr, nullptr, &bits);
+    return std::to_string(w) + " x " + std::to_string(h) + ", " + std::to_string(bits);
+}
+
 // The colour at (x, y) from the top, as 0x00RRGGBB.
 inline uint32_t Rgb(Dewey& document, int x, int y)
 {
