@@ -211,15 +211,13 @@ TEST(BoundControls, MissingDisabledAndEmptyControlsStoreQuietly)
     EXPECT_EQ(listEnabled, 0);
 }
 
-TEST(TextHelpers, ColoursKeepTheirByteOrderAndCommasGoInPlace)
+TEST(TextHelpers, ColoursKeepTheirByteOrder)
 {
     // The text is red first; a COLORREF holds red in its low byte.
     EXPECT_EQ(GetColorRefFromTextRGB("FF8000"), RGB(0xFF, 0x80, 0x00));
     char text[16];
     GetTextHexRGB(RGB(1, 2, 0xAB), text);
     EXPECT_STREQ(text, "0102AB");
-    InsertCommas(-1234567L, text, sizeof text);
-    EXPECT_STREQ(text, "-1,234,567");
 }
 
 TEST(FileHelpers, SizeAndDateOfAFile)
