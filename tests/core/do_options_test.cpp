@@ -5,6 +5,7 @@
 
 #include <cstdio>
 #include <cstring>
+#include <filesystem>
 #include <set>
 #include <string>
 
@@ -34,17 +35,9 @@ struct PrivateTempFolder {
 
 std::set<std::string> TempFiles()
 {
-    char dir[MAX_PATH];
-    GetTempPathA(sizeof dir, dir);
     std::set<std::string> names;
-    WIN32_FIND_DATAA found;
-    HANDLE find = FindFirstFileA((std::string(dir) + "*").c_str(), &found);
-    if (find == INVALID_HANDLE_VALUE)
-        return names;
-    do {
-        names.insert(found.cFileName);
-    } while (FindNextFileA(find, &found));
-    FindClose(find);
+    for (const auto& entry : std::filesystem::directory_iterator(std::filesystem::temp_directory_path()))
+        names.insert(entry.path().filename().string());
     return names;
 }
 
