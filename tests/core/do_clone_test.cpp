@@ -58,14 +58,8 @@ TEST(DoClone, AClonesPictureIsItsOwnThroughChangesOnEitherSideAndFurtherClones)
 
 TEST(DoClone, SharesAVectorImage)
 {
-    char dir[MAX_PATH];
-    GetTempPathA(sizeof dir, dir);
-    std::string path = std::string(dir) + "coreclone.emf";
-    HDC dc = CreateEnhMetaFileA(nullptr, path.c_str(), nullptr, nullptr);
-    ASSERT_NE(dc, nullptr);
-    Rectangle(dc, 10, 10, 200, 100);
-    DeleteEnhMetaFile(CloseEnhMetaFile(dc));
-
+    const std::string path = enginetest::TempPath("clone.emf");
+    ASSERT_TRUE(enginetest::WriteTwoColourMetafile(path, 40, 20));
     Dewey* source = new Dewey;
     ASSERT_EQ(source->Open(path.c_str()), 0);
     ASSERT_EQ(source->IsRaster(), 0);
