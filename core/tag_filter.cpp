@@ -95,7 +95,7 @@ const TranslationRow kTranslationRows[] = {
     {"CONTRAST", true},  {"BRIGHT", true},   {"GAMMA", true},     {"FLIPV", true},   {"FLIPH", true},
     {"UNITS", false},    {"W", false},       {"H", false},        {"A", false},      {"ROT", false},
     {"TRACE", true},     {"MAXCOLORS", true}, {"UNDITHER", true}, {"SPECKREM", true}, {"GENTOL", true},
-    {"BEZGEN", true},    {"RVFORCE", false}, {"SCALING", false},  {"HR", false},     {"VR", false},
+    {"BEZGEN", true},    {kMetafileClassTag, false}, {"SCALING", false},  {"HR", false},     {"VR", false},
     {"XRES", false},     {"YRES", false},    {"SMOOTH", true},    {"CRV", false},    {"STK", false},
     {"STKLINE", true},   {"STKGRAD", false},
 };

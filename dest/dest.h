@@ -37,6 +37,11 @@ int OnGrayscaleClick(HWND dialog);
 int OnAllBlackClick(HWND dialog);
 // In "MULT" a size given on one side only holds for both sides.
 void CopyMultiplesSize(HWND dialog);
+// The keys of an output page for the operation in hand: destKey becomes
+// "CLP" for the clipboard and "~~~" for anything but a conversion to a file
+// (2) or a kept key (6); prefix gets source + destKey as a key, and
+// keyPrefix as much of it as its room holds.
+void MakeOutputKeys(char* keyPrefix, std::size_t keyPrefixSize, char (&prefix)[zv::kKeySize]);
 // The destination's extension and a blank in front of the window's caption,
 // as a conversion to a file shows it.
 void PutDestinationInCaption(HWND window);

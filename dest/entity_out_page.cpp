@@ -26,18 +26,9 @@ void CEntityOutPropPage::InitPage()
     TagSet* tags = context->tags;
     m_state->updating = 0;
 
-    char source[zv::kKeySize] = {};
-    if (context->srcExt[0])
-        zv::CopyBounded(source, ZvGetInternalExt(context->formats, context->srcExt));
-    if (context->operation == 5)
-        zv::CopyBounded(context->destKey, "CLP");
-    else if (context->operation != 2 && context->operation != 6)
-        zv::CopyBounded(context->destKey, "~~~");
-    const char* k = context->destKey;
-    zv::CopyBounded(m_state->keyPrefix, source);
-    zv::AppendBounded(m_state->keyPrefix, k);
     char prefix[zv::kKeySize];
-    zv::MakeKey(prefix, source, k);
+    MakeOutputKeys(m_state->keyPrefix, sizeof m_state->keyPrefix, prefix);
+    const char* k = context->destKey;
 
     const char* units = ZvGetTag(tags, TagKey(k, "UNITS"));
     zv::CopyBounded(m_state->units, units != nullptr && units[0] ? units : "IN");

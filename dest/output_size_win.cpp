@@ -216,6 +216,19 @@ void OnScalingChange(HWND dialog)
 
 }  // namespace
 
+void MakeOutputKeys(char* keyPrefix, std::size_t keyPrefixSize, char (&prefix)[zv::kKeySize])
+{
+    OptionContext* context = Options();
+    if (context->operation == 5)
+        zv::CopyBounded(context->destKey, "CLP");
+    else if (context->operation != 2 && context->operation != 6)
+        zv::CopyBounded(context->destKey, "~~~");
+    char source[zv::kKeySize];
+    SourcePart(source);
+    zv::MakeKey(prefix, source, context->destKey);
+    zv::CopyBounded(keyPrefix, keyPrefixSize, prefix);
+}
+
 void PutDestinationInCaption(HWND window)
 {
     char present[zv::kCaptionSize] = {};
@@ -233,17 +246,9 @@ void InitOutputPage(HWND dialog, OutputSizeState* state)
     TagSet* tags = context->tags;
     state->updating = 0;
 
-    char source[zv::kKeySize];
-    SourcePart(source);
-    if (context->operation == 5)
-        zv::CopyBounded(context->destKey, "CLP");
-    else if (context->operation != 2 && context->operation != 6)
-        zv::CopyBounded(context->destKey, "~~~");
-    const char* k = context->destKey;
-    zv::CopyBounded(state->keyPrefix, source);
-    zv::AppendBounded(state->keyPrefix, k);
     char prefix[zv::kKeySize];
-    zv::MakeKey(prefix, source, k);
+    MakeOutputKeys(state->keyPrefix, sizeof state->keyPrefix, prefix);
+    const char* k = context->destKey;
 
     const char* units = ZvGetTag(tags, Key(k, "UNITS"));
     zv::CopyBounded(state->units, units != nullptr && units[0] ? units : "IN");

@@ -55,22 +55,12 @@ void CVectorOutPropPage::InitPage()
 {
     OptionContext* context = Options();
     TagSet* tags = context->tags;
-    char source[zv::kKeySize] = {};
-    if (context->srcExt[0])
-        zv::CopyBounded(source, ZvGetInternalExt(context->formats, context->srcExt));
     zv::CopyBounded(context->destKey, ZvGetInternalExt(context->formats, context->destKey));
-    if (context->operation == 2) {
+    if (context->operation == 2)
         PutDestinationInCaption(m_hWnd);
-    } else if (context->operation == 5) {
-        zv::CopyBounded(context->destKey, "CLP");
-    } else if (context->operation != 6) {
-        zv::CopyBounded(context->destKey, "~~~");
-    }
-    const char* k = context->destKey;
-    zv::CopyBounded(m_keyPrefix, source);
-    zv::AppendBounded(m_keyPrefix, k);
     char prefix[zv::kKeySize];
-    zv::MakeKey(prefix, source, k);
+    MakeOutputKeys(m_keyPrefix, sizeof m_keyPrefix, prefix);
+    const char* k = context->destKey;
 
     const char* units = ZvGetTag(tags, TagKey(k, "UNITS"));
     zv::CopyBounded(g_units, units != nullptr && units[0] ? units : "IN");

@@ -1,6 +1,7 @@
 // The page plan of a destination sheet.
 #include "sheet_plan.h"
 
+#include "format_types.h"
 #include "frame_tables.h"
 
 namespace zv {
@@ -55,10 +56,11 @@ int PlanDestPages(unsigned short dlgId, short srcType, short destType, const cha
     pages[count++] = SheetPage::kEditColors;
     // A drawing has no colour count, except where the format keeps a
     // palette of its own.
-    if (destType != 2 || SameName(destKey, "DXF") || SameName(destKey, "WMF") || SameName(destKey, "WPG"))
+    if (destType != kFormatVector || SameName(destKey, "DXF") || SameName(destKey, "WMF") || SameName(destKey, "WPG"))
         pages[count++] = SheetPage::kNumColors;
     // Tracing turns a raster source into a drawing.
-    if ((srcType == 1 || srcType == 5) && (destType == 2 || destType == 3 || destType == 6))
+    if (IsRasterType(srcType) &&
+        (destType == kFormatVector || destType == kFormatMetafile || destType == kFormatEntity))
         pages[count++] = SheetPage::kTrace;
     return count;
 }

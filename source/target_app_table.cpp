@@ -2,6 +2,8 @@
 
 #include <cstring>
 
+#include "format_types.h"
+
 namespace zv {
 
 namespace {
@@ -35,7 +37,7 @@ constexpr int kMaxTableStrings = 1000;
 
 int TargetAppTableFor(short srcType)
 {
-    return srcType == 1 || srcType == 5 ? kRasterAppTable : kVectorAppTable;
+    return IsRasterType(srcType) ? kRasterAppTable : kVectorAppTable;
 }
 
 TableEnd WalkTargetAppTable(int firstId, TableStringLoader load, void* loadContext, TableEntryVisitor visit,

@@ -6,6 +6,7 @@
 #include <cstring>
 #include <string>
 
+#include "child_process.h"
 #include "zvopt32.h"
 
 namespace {
@@ -132,18 +133,9 @@ TEST(CapSection, SeenFromASecondProcess)
     GetModuleFileNameA(nullptr, peer, sizeof peer);
     std::strcpy(std::strrchr(peer, '\\') + 1, "capsection_peer.exe");
     std::string command = std::string("\"") + peer + "\" " + Describe(0x1234, owner.window, sectionName);
-    STARTUPINFOA startup = {};
-    startup.cb = sizeof startup;
     PROCESS_INFORMATION process = {};
-    ASSERT_TRUE(CreateProcessA(peer, command.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr, &startup,
-                               &process));
-    ASSERT_EQ(WaitForSingleObject(process.hProcess, 60000), WAIT_OBJECT_0);
-    DWORD code = 99;
-    GetExitCodeProcess(process.hProcess, &code);
-    CloseHandle(process.hThread);
-    CloseHandle(process.hProcess);
-
-    EXPECT_EQ(code, 0u);
+    ASSERT_TRUE(zvtest::StartProcess(peer, command, &process));
+    EXPECT_EQ(zvtest::FinishProcess(process), 0u);
     EXPECT_STREQ(bytes + 64, "from peer");
     // The peer posted before it ended; the message may still be on its way.
     long id = TakeReleaseMessage(owner.window);
