@@ -16,8 +16,8 @@ constexpr unsigned short kRaster = IDD_RASTER_OUT;
 constexpr unsigned short kVector = IDD_VECTOR_OUT;
 constexpr unsigned short kEntity = IDD_ENTITY_OUT;
 
-// Indexes of the units list.
-constexpr int kInches = 0, kCentimeters = 1, kPixels = 3, kMultiples = 4;
+// Entries of the units list.
+const std::string kInches = "Inches", kCentimeters = "Centimeters", kPixels = "Pixels", kMultiples = "Multiples";
 
 // 600 x 300 pixels; the horizontal pitch 846 and the vertical 847 both
 // stand for 300 dpi, so the picture is twice as wide as high.
