@@ -287,31 +287,5 @@ TEST_F(OutputPages, TheEntityPageWritesNoSizeOfItsOwn)
     EXPECT_EQ(Tag("DXFW"), "<absent>");
 }
 
-// --------------------------------------------- what the tags ask of an image
-
-// The page's tags, replayed by DoOptions on a 600 x 300 image (300 dpi):
-// a linked mode and a distorting one. Each mode's arithmetic is proved on
-// the size rules themselves.
-TEST_F(OutputPages, TheTagsThePageLeavesResizeTheImageAsTheModeSays)
-{
-    struct Case {
-        const char* mode;
-        int edit;
-        const char* value;
-        long width, height;
-    };
-    for (const Case& c : {Case{"Fit in Frame", IDC_OUT_WIDTH, "4", 1200, 600},
-                          Case{"Distort Aspect Ratio", IDC_OUT_ASPECT, "2", 1200, 300}}) {
-        WideImage source, image;
-        d.WaitControl(IDC_OUT_SCALING).PickCombo(IDC_OUT_SCALING, c.mode).Type(c.edit, c.value).PressOk();
-        ASSERT_EQ(Run(kRaster, "PCX", 2, &source), 1) << c.mode;
-        EXPECT_EQ(DoOptions(&image, &tags, "BMP", "PCX", &formats), 0) << c.mode;
-        long w = 0, h = 0;
-        image.GetInfo(&w, &h, nullptr, nullptr, nullptr);
-        EXPECT_EQ(w, c.width) << c.mode;
-        EXPECT_EQ(h, c.height) << c.mode;
-    }
-}
-
 }  // namespace
 }  // namespace zvtest
