@@ -92,29 +92,17 @@ void ForEachDescendant(HWND root, F f)
     EnumChildWindows(root, &CallForWindow<F>, reinterpret_cast<LPARAM>(&f));
 }
 
-// A step that acts on control `id` of the target once a user could: it is
-// there, visible and enabled.
-DialogDriver::StepFn OnControl(int id, std::function<Result(HWND control)> act)
+// A step on control `id` of the target, once the control is there and, for
+// what a user does, visible and enabled.
+DialogDriver::StepFn OnControl(int id, std::function<Result(HWND control)> act, bool asUser = true)
 {
-    return [id, act = std::move(act)](DialogDriver&, HWND target) {
+    return [id, act = std::move(act), asUser](DialogDriver&, HWND target) {
         HWND c = target ? DialogDriver::FindControl(target, id) : nullptr;
         if (!c)
             return Retry(Describe(target) + " has no control " + std::to_string(id));
-        if (!IsWindowVisible(c) || !IsWindowEnabled(c))
+        if (asUser && (!IsWindowVisible(c) || !IsWindowEnabled(c)))
             return Retry("control " + std::to_string(id) + (IsWindowVisible(c) ? " is disabled" : " is hidden"));
         return act(c);
-    };
-}
-
-// A step that checks control `id` of the target once it exists.
-DialogDriver::StepFn CheckControl(int id, std::function<void(HWND control)> check)
-{
-    return [id, check = std::move(check)](DialogDriver&, HWND target) {
-        HWND c = target ? DialogDriver::FindControl(target, id) : nullptr;
-        if (!c)
-            return Retry(Describe(target) + " has no control " + std::to_string(id));
-        check(c);
-        return Done();
     };
 }
 
@@ -199,15 +187,15 @@ HRESULT SaveWindowPng(HWND window, const std::wstring& path)
 {
     RECT rect = {};
     GetWindowRect(window, &rect);
+    LONG width = rect.right - rect.left, height = rect.bottom - rect.top;
     HDC source = GetWindowDC(window);
     HDC memory = CreateCompatibleDC(source);
     BITMAPINFO info = {};
-    info.bmiHeader = {sizeof info.bmiHeader, rect.right - rect.left, rect.bottom - rect.top, 1, 24, BI_RGB, 0, 0, 0, 0,
-                      0};
+    info.bmiHeader = {sizeof info.bmiHeader, width, height, 1, 24, BI_RGB, 0, 0, 0, 0, 0};
     void* bits = nullptr;
     HBITMAP picture = CreateDIBSection(source, &info, DIB_RGB_COLORS, &bits, nullptr, 0);
     HGDIOBJ old = SelectObject(memory, picture);
-    bool copied = picture && BitBlt(memory, 0, 0, rect.right - rect.left, rect.bottom - rect.top, source, 0, 0, SRCCOPY);
+    bool copied = picture && BitBlt(memory, 0, 0, width, height, source, 0, 0, SRCCOPY);
     SelectObject(memory, old);
     DeleteDC(memory);
     ReleaseDC(window, source);
@@ -429,8 +417,9 @@ DialogDriver& DialogDriver::SendHelp(int id)
         auto help = [](HWND control) {
             RECT rect;
             GetWindowRect(control, &rect);
+            POINT centre = {(rect.left + rect.right) / 2, (rect.top + rect.bottom) / 2};
             HELPINFO info = {sizeof info, HELPINFO_WINDOW, GetDlgCtrlID(control), control,
-                             GetWindowContextHelpId(control), {(rect.left + rect.right) / 2, (rect.top + rect.bottom) / 2}};
+                             GetWindowContextHelpId(control), centre};
             // F1 sends it to the window with the focus; the default handling
             // passes it up to the dialog.
             SendMessageA(control, WM_HELP, 0, reinterpret_cast<LPARAM>(&info));
@@ -503,7 +492,7 @@ DialogDriver& DialogDriver::AnswerMessageBox(int button, const std::string& text
             return Retry(why);
         HWND b = GetDlgItem(box, button);
         if (!b)
-            return Failure("the message box " + Quote(MessageBoxText(box)) + " has no button " + std::to_string(button));
+            return Failure("the message box " + Quote(MessageBoxText(box)) + " has no such button");
         if (textOut)
             *textOut = MessageBoxText(box);
         SendMessageA(b, BM_CLICK, 0, 0);
@@ -530,23 +519,26 @@ HWND DialogDriver::FindMessageBox(const std::string& textContains, std::string* 
 
 DialogDriver& DialogDriver::ExpectText(int id, const std::string& text)
 {
-    return Queue(Call("ExpectText", id, Quote(text)), CheckControl(id, [id, text](HWND c) {
+    return Queue(Call("ExpectText", id, Quote(text)), OnControl(id, [id, text](HWND c) {
         EXPECT_EQ(TextOf(c), text) << "text of control " << id;
-    }));
+        return Done();
+    }, false));
 }
 
 DialogDriver& DialogDriver::ExpectChecked(int id, bool checked)
 {
-    return Queue(Call("ExpectChecked", id), CheckControl(id, [id, checked](HWND c) {
+    return Queue(Call("ExpectChecked", id), OnControl(id, [id, checked](HWND c) {
         EXPECT_EQ(SendMessageA(c, BM_GETCHECK, 0, 0) == BST_CHECKED, checked) << "check state of control " << id;
-    }));
+        return Done();
+    }, false));
 }
 
 DialogDriver& DialogDriver::ExpectEnabled(int id, bool enabled)
 {
-    return Queue(Call("ExpectEnabled", id), CheckControl(id, [id, enabled](HWND c) {
+    return Queue(Call("ExpectEnabled", id), OnControl(id, [id, enabled](HWND c) {
         EXPECT_EQ(IsWindowEnabled(c) != FALSE, enabled) << "enabled state of control " << id;
-    }));
+        return Done();
+    }, false));
 }
 
 DialogDriver& DialogDriver::ExpectPage(int index)
