@@ -3,7 +3,8 @@
 // no work for values already shown.
 #include <gtest/gtest.h>
 
-#include <string>
+#include <algorithm>
+#include <array>
 #include <vector>
 
 #include "core_win.h"
@@ -27,19 +28,18 @@ std::vector<unsigned char> DibBytes(Dewey* image)
     return std::vector<unsigned char>(bytes, bytes + 40 + 4 * colours + row * height);
 }
 
-// A 24-bit picture with colour, so that every effect changes it.
-void Paint(Dewey& image, long width, long height)
+// A 24-bit picture whose pixel at x, y has the colour colour(x, y), blue
+// first as the rows hold it.
+template <class Colour>
+void Paint(Dewey& image, long width, long height, Colour colour)
 {
     ASSERT_EQ(image.CreateRaster(width, height, 24), 0);
-    BITMAPINFOHEADER* header = image.GetDib();
-    unsigned char* rows = reinterpret_cast<unsigned char*>(header) + 40;
+    unsigned char* rows = reinterpret_cast<unsigned char*>(image.GetDib()) + 40;
     std::size_t row = ((24 * width + 31) >> 3) & ~3u;
     for (long y = 0; y < height; ++y)
         for (long x = 0; x < width; ++x) {
-            unsigned char* p = rows + y * row + x * 3;
-            p[0] = static_cast<unsigned char>(x * 255 / (width - 1));
-            p[1] = static_cast<unsigned char>(y * 255 / (height - 1));
-            p[2] = static_cast<unsigned char>((x + y) % 3 == 0 ? 200 : 30);
+            std::array<unsigned char, 3> bgr = colour(x, y);
+            std::copy(bgr.begin(), bgr.end(), rows + y * row + x * 3);
         }
 }
 
@@ -47,7 +47,12 @@ class Preview : public ::testing::Test {
 protected:
     void SetUp() override
     {
-        Paint(image, 120, 80);
+        // Colour everywhere, so that every effect changes the picture.
+        Paint(image, 120, 80, [](long x, long y) {
+            return std::array<unsigned char, 3>{static_cast<unsigned char>(x * 255 / 119),
+                                                static_cast<unsigned char>(y * 255 / 79),
+                                                static_cast<unsigned char>((x + y) % 3 == 0 ? 200 : 30)};
+        });
         InitOptionContext(nullptr, &tags, "Host", nullptr, &formats, "bmp", "TIF", 2, 0, &image, 1);
         ASSERT_NE(o->previewDewey, nullptr);
         ASSERT_NE(o->previewBase, nullptr);
@@ -192,16 +197,7 @@ TEST_F(Preview, PaintsTheThumbnailOverTheWholeControl)
     // A picture of one colour, so that stretching gives that colour anywhere.
     FreePreviews();
     Dewey solid;
-    ASSERT_EQ(solid.CreateRaster(90, 30, 24), 0);
-    BITMAPINFOHEADER* header = solid.GetDib();
-    unsigned char* rows = reinterpret_cast<unsigned char*>(header) + 40;
-    for (int y = 0; y < 30; ++y)
-        for (int x = 0; x < 90; ++x) {
-            unsigned char* p = rows + y * 272 + x * 3;  // rows padded to 4 bytes
-            p[0] = 10;
-            p[1] = 40;
-            p[2] = 200;
-        }
+    Paint(solid, 90, 30, [](long, long) { return std::array<unsigned char, 3>{10, 40, 200}; });
     InitOptionContext(nullptr, &tags, "Host", nullptr, &formats, "bmp", "TIF", 2, 0, &solid, 1);
     ASSERT_NE(o->previewDewey, nullptr);
     UpdateWindow(control);

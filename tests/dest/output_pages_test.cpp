@@ -16,8 +16,8 @@ constexpr unsigned short kRaster = IDD_RASTER_OUT;
 constexpr unsigned short kVector = IDD_VECTOR_OUT;
 constexpr unsigned short kEntity = IDD_ENTITY_OUT;
 
-// Indexes of the units list.
-constexpr int kInches = 0, kCentimeters = 1, kPixels = 3, kMultiples = 4;
+// Entries of the units list.
+const std::string kInches = "Inches", kCentimeters = "Centimeters", kPixels = "Pixels", kMultiples = "Multiples";
 
 // 600 x 300 pixels; the horizontal pitch 846 and the vertical 847 both
 // stand for 300 dpi, so the picture is twice as wide as high.
@@ -285,32 +285,6 @@ TEST_F(OutputPages, TheEntityPageWritesNoSizeOfItsOwn)
     EXPECT_EQ(Tag("DXFUNITS"), "CM");
     EXPECT_EQ(Tag("DXFDISTORT"), "OFF");
     EXPECT_EQ(Tag("DXFW"), "<absent>");
-}
-
-// --------------------------------------------- what the tags ask of an image
-
-// The page's tags, replayed by DoOptions on a 600 x 300 image (300 dpi):
-// a linked mode and a distorting one. Each mode's arithmetic is proved on
-// the size rules themselves.
-TEST_F(OutputPages, TheTagsThePageLeavesResizeTheImageAsTheModeSays)
-{
-    struct Case {
-        const char* mode;
-        int edit;
-        const char* value;
-        long width, height;
-    };
-    for (const Case& c : {Case{"Fit in Frame", IDC_OUT_WIDTH, "4", 1200, 600},
-                          Case{"Distort Aspect Ratio", IDC_OUT_ASPECT, "2", 1200, 300}}) {
-        WideImage source, image;
-        d.WaitControl(IDC_OUT_SCALING).PickCombo(IDC_OUT_SCALING, c.mode).Type(c.edit, c.value).PressOk();
-        ASSERT_EQ(Run(kRaster, "PCX", 2, &source), 1) << c.mode;
-        EXPECT_EQ(DoOptions(&image, &tags, "BMP", "PCX", &formats), 0) << c.mode;
-        long w = 0, h = 0;
-        image.GetInfo(&w, &h, nullptr, nullptr, nullptr);
-        EXPECT_EQ(w, c.width) << c.mode;
-        EXPECT_EQ(h, c.height) << c.mode;
-    }
 }
 
 }  // namespace

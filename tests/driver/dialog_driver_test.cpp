@@ -10,7 +10,6 @@
 #include <prsht.h>
 
 #include <string>
-#include <vector>
 
 #include "dialog_driver.h"
 #include "driver_test_ids.h"
@@ -23,7 +22,7 @@ using zvtest::DialogDriver;
 struct Seen {
     int countClicks = 0;
     int askAnswer = 0;
-    std::vector<std::string> sheet;
+    int sheetResets = 0;
 };
 Seen g_seen;
 
@@ -54,23 +53,12 @@ INT_PTR ShowDialog()
                            TestDialogProc, 0);
 }
 
-// The page logs its notifications.
-INT_PTR CALLBACK PageProc(HWND page, UINT message, WPARAM, LPARAM lParam)
+// The page counts the Cancels that reach it.
+INT_PTR CALLBACK PageProc(HWND, UINT message, WPARAM, LPARAM lParam)
 {
-    if (message == WM_INITDIALOG)
-        return TRUE;
-    if (message != WM_NOTIFY)
-        return FALSE;
-    switch (reinterpret_cast<NMHDR*>(lParam)->code) {
-    case PSN_SETACTIVE:
-        g_seen.sheet.push_back("setactive");
-        SetWindowLongPtrA(page, DWLP_MSGRESULT, 0);
-        return TRUE;
-    case PSN_RESET:
-        g_seen.sheet.push_back("reset");
-        return TRUE;
-    }
-    return FALSE;
+    if (message == WM_NOTIFY && reinterpret_cast<NMHDR*>(lParam)->code == PSN_RESET)
+        ++g_seen.sheetResets;
+    return message == WM_INITDIALOG;
 }
 
 INT_PTR ShowSheet()
@@ -90,8 +78,6 @@ INT_PTR ShowSheet()
     return PropertySheetA(&header);
 }
 
-using Strings = std::vector<std::string>;
-
 // A run that goes wrong must fail with `message` well inside the default
 // step bound of 5 s and leave no window behind; the modal entry returns as
 // if cancelled.
@@ -102,15 +88,17 @@ void ExpectBoundedFailure(DialogDriver& d, const std::string& message)
     EXPECT_NONFATAL_FAILURE(result = d.Run(ShowDialog), message);
     EXPECT_LT(GetTickCount64() - start, 4000u);
     EXPECT_EQ(result, IDCANCEL);
-    EXPECT_EQ(d.Failures().size(), 1u);
     EXPECT_TRUE(DialogDriver::ThreadWindows().empty());
 }
 
-TEST(DialogDriver, WaitForAWindowThatNeverComesFailsWithinItsBound)
+TEST(DialogDriver, ClickOnADisabledButtonWaitsAsAUserWouldAndFailsWithinItsBound)
 {
     DialogDriver d;
-    d.SetStepTimeout(300).WaitWindow("Never Shown").PressOk();
-    ExpectBoundedFailure(d, "step 1 WaitWindow(\"Never Shown\") did not succeed within 300 ms");
+    d.SetStepTimeout(300)
+        .Do([](HWND dialog) { EnableWindow(GetDlgItem(dialog, IDC_COUNT), FALSE); })
+        .Click(IDC_COUNT);
+    ExpectBoundedFailure(d, "step 2 Click(1002) did not succeed within 300 ms: control 1002 is disabled");
+    EXPECT_EQ(g_seen.countClicks, 0);
 }
 
 TEST(DialogDriver, UnansweredMessageBoxIsClosedWithItsDialog)
@@ -137,22 +125,12 @@ TEST(DialogDriver, StepsLeftWhenTheDialogEndsAreAFailure)
     EXPECT_EQ(result, IDOK);
 }
 
-TEST(DialogDriver, ClickOnADisabledButtonFailsAsAUserCouldNotClickIt)
-{
-    DialogDriver d;
-    d.SetStepTimeout(200)
-        .Do([](HWND dialog) { EnableWindow(GetDlgItem(dialog, IDC_COUNT), FALSE); })
-        .Click(IDC_COUNT);
-    EXPECT_NONFATAL_FAILURE(d.Run(ShowDialog), "control 1002 is disabled");
-    EXPECT_EQ(g_seen.countClicks, 0);
-}
-
 TEST(DialogDriver, SheetIsClosedAfterAFailedStep)
 {
     DialogDriver failing;
     failing.SetStepTimeout(200).WaitControl(4242);
     EXPECT_NONFATAL_FAILURE(failing.Run(ShowSheet), "shows no control 4242");
-    EXPECT_EQ(g_seen.sheet, (Strings{"setactive", "reset"}));
+    EXPECT_EQ(g_seen.sheetResets, 1);  // closed by its Cancel
     EXPECT_TRUE(DialogDriver::ThreadWindows().empty());
 }
 

@@ -29,43 +29,17 @@ DWORD ContextOf(const std::vector<DWORD>& table, DWORD control)
     return 0xFFFFFFFF;
 }
 
-// A window with a control of the table: 1601, a contrast control of the
-// adjust page.
-class ContextHelp : public ::testing::Test {
-protected:
-    void SetUp() override
-    {
-        dialog_ = CreateWindowA("STATIC", "Contrast and Brightness", WS_OVERLAPPEDWINDOW, 0, 0, 300, 200, nullptr,
-                                nullptr, nullptr, nullptr);
-        contrast_ = CreateWindowA("BUTTON", "Contrast", WS_CHILD, 10, 10, 80, 20, dialog_,
-                                  reinterpret_cast<HMENU>(1601), nullptr, nullptr);
-        ASSERT_NE(contrast_, nullptr);
-    }
-
-    void TearDown() override
-    {
-        DestroyWindow(dialog_);
-    }
-
-    zvtest::SeamRecorder recorder;
-    const std::vector<zvtest::WinHelpCall>& calls = recorder.helpCalls;
-
-    HWND dialog_ = nullptr;
-    HWND contrast_ = nullptr;
-};
-
-TEST_F(ContextHelp, F1OnAControlHandsTheViewerTheWholeTable)
+TEST(ContextHelp, F1OnAControlHandsTheViewerTheWholeTable)
 {
-    HELPINFO info = {};
-    info.cbSize = sizeof info;
-    info.iContextType = HELPINFO_WINDOW;
-    info.iCtrlId = 1601;
-    info.hItemHandle = contrast_;
+    // The control under F1: 1601, a contrast control of the adjust page.
+    zvtest::SeamRecorder recorder;
+    HWND contrast = reinterpret_cast<HWND>(0x1601);
+    HELPINFO info = {sizeof info, HELPINFO_WINDOW, 1601, contrast, 0, {0, 0}};
     ShowContextHelp(WM_HELP, 0, reinterpret_cast<LPARAM>(&info));
 
-    ASSERT_EQ(calls.size(), 1u);
-    const zvtest::WinHelpCall& call = calls[0];
-    EXPECT_EQ(call.window, contrast_);
+    ASSERT_EQ(recorder.helpCalls.size(), 1u);
+    const zvtest::WinHelpCall& call = recorder.helpCalls[0];
+    EXPECT_EQ(call.window, contrast);
     EXPECT_EQ(call.command, static_cast<UINT>(HELP_WM_HELP));
     EXPECT_EQ(call.file, HelpFileBesideLibrary());
     // The recorder stops at the closing pair of zeros: 204 pairs before it.
@@ -73,14 +47,15 @@ TEST_F(ContextHelp, F1OnAControlHandsTheViewerTheWholeTable)
     EXPECT_EQ(ContextOf(call.idPairs, 1601), 1221u);
 }
 
-TEST_F(ContextHelp, OtherMessagesAndCommandsCallNothing)
+TEST(ContextHelp, OtherMessagesAndCommandsCallNothing)
 {
+    zvtest::SeamRecorder recorder;
     ShowContextHelp(WM_COMMAND, IDOK, zv::kHelpAdjColorsPage);
     ShowContextHelp(WM_COMMAND, MAKEWPARAM(1601, BN_CLICKED), 0);
     ShowContextHelp(WM_KEYDOWN, VK_F1, 0);
     ShowContextHelp(WM_NOTIFY, 0, 0);
     ShowContextHelp(WM_HELP, 0, 0);  // no HELPINFO: nothing to point at
-    EXPECT_TRUE(calls.empty());
+    EXPECT_TRUE(recorder.helpCalls.empty());
 }
 
 }  // namespace

@@ -22,8 +22,8 @@ using Events = std::vector<std::string>;
 // the retrieval refuses it and keeps the sheet on the page.
 class TagPage : public CPropertyPage {
 public:
-    TagPage(UINT templateId, int editId, const char* key, DWORD helpContext, Events* events)
-        : CPropertyPage(templateId), editId_(editId), key_(key), helpContext_(helpContext), events_(events)
+    TagPage(UINT templateId, int editId, const char* key, Events* events)
+        : CPropertyPage(templateId), editId_(editId), key_(key), events_(events)
     {
     }
 
@@ -38,25 +38,14 @@ public:
             Note("init");
             return 0;
         }
-        case WM_HELP:
-            ShowContextHelp(WM_COMMAND, IDHELP, helpContext_);
-            return TRUE;
-        case WM_CONTEXTMENU:
-            ShowContextHelp(message, wParam, lParam);
-            return TRUE;
-        case WM_NOTIFY: {
-            UINT code = reinterpret_cast<NMHDR*>(lParam)->code;
-            if (code == PSN_KILLACTIVE) {
+        case WM_NOTIFY:
+            if (reinterpret_cast<NMHDR*>(lParam)->code == PSN_KILLACTIVE) {
                 o->pageValid = 1;
                 Retrieve(o);
                 if (!o->pageValid)
                     return 1;
-            } else if (code == PSN_HELP) {
-                ShowContextHelp(WM_COMMAND, IDHELP, helpContext_);
-                return TRUE;
             }
             break;
-        }
         }
         return CPropertyPage::WindowProc(message, wParam, lParam);
     }
@@ -83,7 +72,6 @@ private:
 
     int editId_;
     std::string key_;
-    DWORD helpContext_;
     Events* events_;
 };
 

@@ -1,10 +1,11 @@
-// What a dialog entry puts into the option context: the help file, the
-// source and destination with their keys, the preview's starting values and
-// the thumbnails.
+// What a dialog entry puts into the option context: the help file and the
+// window that help opens over, the source and destination with their keys,
+// the preview's starting values and the thumbnails.
 #include <gtest/gtest.h>
 
 #include "frame_test_support.h"
 #include "ravicli.h"
+#include "seam_recorder.h"
 
 namespace {
 
@@ -40,6 +41,16 @@ TEST_F(OptionContextInit, HelpFileIsTheHostsOnlyWhenItCanBeRead)
     GetModuleFileNameA(nullptr, path, sizeof path);  // any file that can be read
     Init(path, "BMP", "TIF", 2);
     EXPECT_STREQ(o->helpFile, path);
+
+    // A dialog's topic opens over the host's window, from that file.
+    zvtest::SeamRecorder recorder;
+    HWND host = CreateWindowA("STATIC", "host", WS_POPUP, 0, 0, 10, 10, nullptr, nullptr, nullptr, nullptr);
+    InitOptionContext(host, &tags, "Host", path, &formats, "BMP", "TIF", 2, 0, nullptr, 0);
+    ShowContextHelp(WM_COMMAND, IDHELP, 1220);
+    DestroyWindow(host);
+    ASSERT_EQ(recorder.helpCalls.size(), 1u);
+    EXPECT_EQ(recorder.helpCalls[0].window, host);
+    EXPECT_EQ(recorder.helpCalls[0].file, path);
 }
 
 TEST_F(OptionContextInit, DestinationKeysFollowTheOperation)

@@ -10,36 +10,18 @@ namespace {
 using zvtest::TempFolder;
 using zvtest::TypeName;
 
-// The host's main window, as zvhost makes it, with no menu of its own yet.
-HWND MakeHostWindow()
-{
-    WNDCLASSA wc = {};
-    wc.lpfnWndProc = DefWindowProcA;
-    wc.hInstance = GetModuleHandleA(nullptr);
-    wc.lpszClassName = "ZvHostTest";
-    RegisterClassA(&wc);
-    return CreateWindowA("ZvHostTest", "Zavrin Host", WS_OVERLAPPEDWINDOW, 0, 0, 400, 300, nullptr,
-                         nullptr, wc.hInstance, nullptr);
-}
-
-std::string UnixToWine(std::string path)
-{
-    for (char& c : path)
-        if (c == '/')
-            c = '\\';
-    return "Z:" + path;
-}
-
 TEST(HostMenu, OpenThenSaveAsPngWritesTheImageWithTheSheetsOptions)
 {
     std::string source = TempFolder() + "\\hostmenu.bmp";
     std::string target = TempFolder() + "\\hostmenu.png";
-    ASSERT_TRUE(CopyFileA(UnixToWine(ZV_SAMPLE_BMP).c_str(), source.c_str(), FALSE));
+    ASSERT_TRUE(CopyFileA(ZV_SAMPLE_BMP, source.c_str(), FALSE));
     DeleteFileA(target.c_str());
     // The host's stored choices from an earlier run would change the sheet.
     RegDeleteTreeA(HKEY_CURRENT_USER, "Software\\Zavrin\\Tags\\zvhost");
 
-    HWND window = MakeHostWindow();
+    // The host's main window, with no menu of its own yet.
+    HWND window = CreateWindowA("STATIC", "Zavrin Host", WS_OVERLAPPEDWINDOW, 0, 0, 400, 300, nullptr, nullptr,
+                                nullptr, nullptr);
     AddFileMenu(window);
 
     zvtest::DialogDriver open;

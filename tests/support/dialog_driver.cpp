@@ -1,13 +1,11 @@
 #include "dialog_driver.h"
 
 #include <commctrl.h>
-#include <prsht.h>
 #include <wincodec.h>
 
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <exception>
 #include <utility>
 
 namespace zvtest {
@@ -56,16 +54,11 @@ Result Done() { return {Outcome::Done, {}}; }
 Result Retry(std::string why) { return {Outcome::Retry, std::move(why)}; }
 Result Failure(std::string why) { return {Outcome::Fail, std::move(why)}; }
 
-std::string ClassOf(HWND window)
-{
-    char name[64] = {};
-    GetClassNameA(window, name, sizeof name);
-    return name;
-}
-
 bool IsClass(HWND window, const char* name)
 {
-    return lstrcmpiA(ClassOf(window).c_str(), name) == 0;
+    char have[64] = {};
+    GetClassNameA(window, have, sizeof have);
+    return lstrcmpiA(have, name) == 0;
 }
 
 std::string Quote(const std::string& text)
@@ -73,28 +66,19 @@ std::string Quote(const std::string& text)
     return "\"" + text + "\"";
 }
 
-std::string Describe(HWND window)
+// A step's name as the test wrote it, for the failures: Type(1001, "12").
+std::string Call(const char* step, int id, const std::string& argument = {})
 {
-    if (!window)
-        return "no window";
-    return ClassOf(window) + " " + Quote(DialogDriver::TextOf(window));
+    return std::string(step) + "(" + std::to_string(id) + (argument.empty() ? "" : ", " + argument) + ")";
 }
 
-// The dialog a control belongs to: the page of a property sheet, or the
-// dialog itself.
-HWND OwningDialog(HWND control)
+std::string Describe(HWND window)
 {
-    for (HWND w = GetParent(control); w; w = GetParent(w)) {
-        if (IsClass(w, "#32770"))
-            return w;
-        if (!(GetWindowLongPtrA(w, GWL_STYLE) & WS_CHILD))
-            return w;
-    }
-    return nullptr;
+    return window ? Quote(DialogDriver::TextOf(window)) : "(no window up)";
 }
 
 // Enumeration callbacks are WINAPI functions, which on 32-bit Windows a
-// lambda is not; these run a function object for each window instead,
+// lambda is not; this runs a function object for each window instead,
 // until it answers false.
 template <class F>
 BOOL CALLBACK CallForWindow(HWND window, LPARAM f)
@@ -108,59 +92,17 @@ void ForEachDescendant(HWND root, F f)
     EnumChildWindows(root, &CallForWindow<F>, reinterpret_cast<LPARAM>(&f));
 }
 
-template <class F>
-void ForEachThreadWindow(F f)
+// A step on control `id` of the target, once the control is there and, for
+// what a user does, visible and enabled.
+DialogDriver::StepFn OnControl(int id, std::function<Result(HWND control)> act, bool asUser = true)
 {
-    EnumThreadWindows(GetCurrentThreadId(), &CallForWindow<F>, reinterpret_cast<LPARAM>(&f));
-}
-
-HWND FirstDescendantOfClass(HWND root, const char* className)
-{
-    HWND found = nullptr;
-    ForEachDescendant(root, [&](HWND w) {
-        if (IsClass(w, className))
-            found = w;
-        return !found;
-    });
-    return found;
-}
-
-// A control a user can act on now; otherwise why not, for the retry.
-Result Usable(HWND target, int id, HWND* control)
-{
-    *control = nullptr;
-    if (!target)
-        return Retry("no window of this thread is up");
-    HWND c = DialogDriver::FindControl(target, id);
-    if (!c)
-        return Retry(Describe(target) + " has no control " + std::to_string(id));
-    if (!IsWindowVisible(c))
-        return Retry("control " + std::to_string(id) + " is hidden");
-    if (!IsWindowEnabled(c))
-        return Retry("control " + std::to_string(id) + " is disabled");
-    *control = c;
-    return Done();
-}
-
-// A step that acts on control `id` of the target once a user could.
-DialogDriver::StepFn OnControl(int id, std::function<Result(HWND control)> act)
-{
-    return [id, act = std::move(act)](DialogDriver&, HWND target) {
-        HWND control;
-        Result r = Usable(target, id, &control);
-        return r.outcome == Outcome::Done ? act(control) : r;
-    };
-}
-
-// A step that checks control `id` of the target once it exists.
-DialogDriver::StepFn CheckControl(int id, std::function<void(HWND control)> check)
-{
-    return [id, check = std::move(check)](DialogDriver&, HWND target) {
+    return [id, act = std::move(act), asUser](DialogDriver&, HWND target) {
         HWND c = target ? DialogDriver::FindControl(target, id) : nullptr;
         if (!c)
             return Retry(Describe(target) + " has no control " + std::to_string(id));
-        check(c);
-        return Done();
+        if (asUser && (!IsWindowVisible(c) || !IsWindowEnabled(c)))
+            return Retry("control " + std::to_string(id) + (IsWindowVisible(c) ? " is disabled" : " is hidden"));
+        return act(c);
     };
 }
 
@@ -168,15 +110,6 @@ void Notify(HWND control, WORD code)
 {
     SendMessageA(GetParent(control), WM_COMMAND, MAKEWPARAM(GetDlgCtrlID(control), code),
                  reinterpret_cast<LPARAM>(control));
-}
-
-// A pick with the mouse ends the drop-down with both notifications.
-Result PickComboEntry(HWND control, LRESULT index)
-{
-    SendMessageA(control, CB_SETCURSEL, index, 0);
-    Notify(control, CBN_SELENDOK);
-    Notify(control, CBN_SELCHANGE);
-    return Done();
 }
 
 void PumpMessages()
@@ -188,124 +121,61 @@ void PumpMessages()
     }
 }
 
-// Presses a dialog's or sheet's button of this id as a user would: only
-// when it shows and is enabled.
-Result PressButton(HWND target, int id, int sheetButton, const char* label)
-{
-    if (!target)
-        return Retry("no window of this thread is up");
-    HWND button = GetDlgItem(target, id);
-    if (button && !IsWindowVisible(button))
-        return Retry(std::string("the ") + label + " button is hidden");
-    if (button && !IsWindowEnabled(button))
-        return Retry(std::string("the ") + label + " button is disabled");
-    if (DialogDriver::IsPropertySheet(target)) {
-        PropSheet_PressButton(target, sheetButton);
-        return Done();
-    }
-    if (button) {
-        SendMessageA(button, BM_CLICK, 0, 0);
-        return Done();
-    }
-    // Enter and Esc reach a dialog with no such button as this command.
-    if (id == IDOK || id == IDCANCEL) {
-        SendMessageA(target, WM_COMMAND, MAKEWPARAM(id, BN_CLICKED), 0);
-        return Done();
-    }
-    return Failure(Describe(target) + " has no " + label + " button");
-}
-
-// Paints the window and its children now, into the surface that Wine keeps
-// for it, and handles what the painting posted.
-void PaintNow(HWND window)
-{
-    RedrawWindow(window, nullptr, nullptr,
-                 RDW_INVALIDATE | RDW_ERASE | RDW_FRAME | RDW_ALLCHILDREN | RDW_UPDATENOW);
-    PumpMessages();
-    GdiFlush();
-}
-
-// Writes 24-bit top-down BGR rows as a PNG through WIC; on failure, says
-// which call failed.
-bool WritePng(const std::string& path, UINT width, UINT height, UINT stride, BYTE* bits, std::string* error)
-{
-    HRESULT init = CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED);
-    IWICImagingFactory* factory = nullptr;
-    IWICStream* stream = nullptr;
-    IWICBitmapEncoder* encoder = nullptr;
-    IWICBitmapFrameEncode* frame = nullptr;
-    WICPixelFormatGUID format = GUID_WICPixelFormat24bppBGR;
-    HRESULT hr = S_OK;
-    const char* step = "";
-    auto next = [&](const char* name, auto call) {
-        if (SUCCEEDED(hr)) {
-            step = name;
-            hr = call();
-        }
-    };
-    next("CoCreateInstance(WICImagingFactory)", [&] {
-        return CoCreateInstance(CLSID_WICImagingFactory, nullptr, CLSCTX_INPROC_SERVER, IID_IWICImagingFactory,
-                                reinterpret_cast<void**>(&factory));
-    });
-    next("CreateStream", [&] { return factory->CreateStream(&stream); });
-    next("InitializeFromFilename", [&] {
-        return stream->InitializeFromFilename(std::wstring(path.begin(), path.end()).c_str(), GENERIC_WRITE);
-    });
-    next("CreateEncoder(PNG)", [&] { return factory->CreateEncoder(GUID_ContainerFormatPng, nullptr, &encoder); });
-    next("Initialize", [&] { return encoder->Initialize(stream, WICBitmapEncoderNoCache); });
-    next("CreateNewFrame", [&] { return encoder->CreateNewFrame(&frame, nullptr); });
-    next("Initialize(frame)", [&] { return frame->Initialize(nullptr); });
-    next("SetSize", [&] { return frame->SetSize(width, height); });
-    next("SetPixelFormat", [&] {
-        HRESULT r = frame->SetPixelFormat(&format);
-        return SUCCEEDED(r) && !IsEqualGUID(format, GUID_WICPixelFormat24bppBGR) ? WINCODEC_ERR_UNSUPPORTEDPIXELFORMAT
-                                                                                 : r;
-    });
-    next("WritePixels", [&] { return frame->WritePixels(height, stride, stride * height, bits); });
-    next("Commit", [&] { return frame->Commit(); });
-    next("Commit(encoder)", [&] { return encoder->Commit(); });
-    for (IUnknown* object : std::initializer_list<IUnknown*>{frame, encoder, stream, factory})
-        if (object)
-            object->Release();
-    if (SUCCEEDED(init))
-        CoUninitialize();
-    if (FAILED(hr) && error) {
-        char code[16];
-        wsprintfA(code, "0x%08lX", static_cast<unsigned long>(hr));
-        *error = std::string(step) + " failed with " + code;
-    }
-    return SUCCEEDED(hr);
-}
-
 // The text of a message box: its static texts other than the icon.
 std::string MessageBoxText(HWND box)
 {
     std::string text;
     ForEachDescendant(box, [&](HWND w) {
-        LONG_PTR style = GetWindowLongPtrA(w, GWL_STYLE);
-        if (IsClass(w, "Static") && (style & SS_TYPEMASK) != SS_ICON) {
-            std::string part = DialogDriver::TextOf(w);
-            if (!part.empty())
-                text += (text.empty() ? "" : "\n") + part;
-        }
+        std::string part = IsClass(w, "Static") && (GetWindowLongPtrA(w, GWL_STYLE) & SS_TYPEMASK) != SS_ICON
+                               ? DialogDriver::TextOf(w)
+                               : "";
+        if (!part.empty())
+            text += (text.empty() ? "" : "\n") + part;
         return true;
     });
     return text;
 }
 
 // The gallery file of a screenshot: <folder of the program>\..\gallery.
-std::string GalleryPath(const std::string& name)
+std::wstring GalleryPath(const std::string& name)
 {
     char exe[MAX_PATH] = {};
     GetModuleFileNameA(nullptr, exe, MAX_PATH);
     std::string folder = exe;
     folder.resize(folder.find_last_of("\\/") + 1);
     folder += "..\\gallery";
-    char full[MAX_PATH] = {};
-    if (GetFullPathNameA(folder.c_str(), MAX_PATH, full, nullptr))
-        folder = full;
     CreateDirectoryA(folder.c_str(), nullptr);
-    return folder + "\\" + name + ".png";
+    std::string path = folder + "\\" + name + ".png";
+    return std::wstring(path.begin(), path.end());
+}
+
+// Writes the bitmap as a PNG through WIC; gives the first failing result.
+HRESULT WritePng(HBITMAP bitmap, const std::wstring& path)
+{
+    HRESULT init = CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED);
+    IWICImagingFactory* factory = nullptr;
+    IWICBitmap* source = nullptr;
+    IWICStream* stream = nullptr;
+    IWICBitmapEncoder* encoder = nullptr;
+    IWICBitmapFrameEncode* frame = nullptr;
+    HRESULT hr;
+    bool written =
+        SUCCEEDED(hr = CoCreateInstance(CLSID_WICImagingFactory, nullptr, CLSCTX_INPROC_SERVER, IID_IWICImagingFactory,
+                                    reinterpret_cast<void**>(&factory))) &&
+        SUCCEEDED(hr = factory->CreateBitmapFromHBITMAP(bitmap, nullptr, WICBitmapIgnoreAlpha, &source)) &&
+        SUCCEEDED(hr = factory->CreateStream(&stream)) &&
+        SUCCEEDED(hr = stream->InitializeFromFilename(path.c_str(), GENERIC_WRITE)) &&
+        SUCCEEDED(hr = factory->CreateEncoder(GUID_ContainerFormatPng, nullptr, &encoder)) &&
+        SUCCEEDED(hr = encoder->Initialize(stream, WICBitmapEncoderNoCache)) &&
+        SUCCEEDED(hr = encoder->CreateNewFrame(&frame, nullptr)) && SUCCEEDED(hr = frame->Initialize(nullptr)) &&
+        SUCCEEDED(hr = frame->WriteSource(source, nullptr)) && SUCCEEDED(hr = frame->Commit()) &&
+        SUCCEEDED(hr = encoder->Commit());
+    for (IUnknown* object : std::initializer_list<IUnknown*>{frame, encoder, stream, source, factory})
+        if (object)
+            object->Release();
+    if (SUCCEEDED(init))
+        CoUninitialize();
+    return written ? S_OK : hr;
 }
 
 // Wine keeps each top-level window's picture, children included, in a
@@ -313,36 +183,25 @@ std::string GalleryPath(const std::string& name)
 // window on top (tests run side by side on one display) does not get into
 // the picture as it would when reading the screen. PrintWindow draws a
 // blank picture under Xvfb.
-bool SaveWindowPng(HWND window, const std::string& path, std::string* error)
+HRESULT SaveWindowPng(HWND window, const std::wstring& path)
 {
     RECT rect = {};
     GetWindowRect(window, &rect);
-    int width = rect.right - rect.left, height = rect.bottom - rect.top;
-    if (width <= 0 || height <= 0) {
-        *error = "the window is gone or has no area";
-        return false;
-    }
+    LONG width = rect.right - rect.left, height = rect.bottom - rect.top;
     HDC source = GetWindowDC(window);
     HDC memory = CreateCompatibleDC(source);
     BITMAPINFO info = {};
-    // Top-down rows, as WIC wants them.
-    info.bmiHeader = {static_cast<DWORD>(sizeof info.bmiHeader), width, -height, 1, 24, BI_RGB, 0, 0, 0, 0, 0};
+    info.bmiHeader = {sizeof info.bmiHeader, width, height, 1, 24, BI_RGB, 0, 0, 0, 0, 0};
     void* bits = nullptr;
-    HBITMAP dib = CreateDIBSection(source, &info, DIB_RGB_COLORS, &bits, nullptr, 0);
-    HGDIOBJ old = dib ? SelectObject(memory, dib) : nullptr;
-    bool ok = dib && BitBlt(memory, 0, 0, width, height, source, 0, 0, SRCCOPY);
-    GdiFlush();
-    if (!ok)
-        *error = "copying the window's picture failed";
-    else
-        ok = WritePng(path, width, height, (static_cast<UINT>(width) * 3 + 3) & ~3u, static_cast<BYTE*>(bits), error);
-    if (dib) {
-        SelectObject(memory, old);
-        DeleteObject(dib);
-    }
+    HBITMAP picture = CreateDIBSection(source, &info, DIB_RGB_COLORS, &bits, nullptr, 0);
+    HGDIOBJ old = SelectObject(memory, picture);
+    bool copied = picture && BitBlt(memory, 0, 0, width, height, source, 0, 0, SRCCOPY);
+    SelectObject(memory, old);
     DeleteDC(memory);
     ReleaseDC(window, source);
-    return ok;
+    HRESULT hr = copied ? WritePng(picture, path) : E_FAIL;
+    DeleteObject(picture);
+    return hr;
 }
 
 }  // namespace
@@ -355,25 +214,9 @@ DialogDriver::~DialogDriver()
         g_running = nullptr;
 }
 
-DialogDriver& DialogDriver::SetStepTimeout(DWORD ms)
-{
-    stepTimeout_ = ms;
-    return *this;
-}
-
-DialogDriver& DialogDriver::SetRunTimeout(DWORD ms)
-{
-    runTimeout_ = ms;
-    return *this;
-}
-
 DialogDriver& DialogDriver::Queue(std::string name, StepFn fn)
 {
-    QueuedStep step;
-    step.name = "step " + std::to_string(++stepNumber_) + " " + name;
-    step.fn = std::move(fn);
-    step.timeout = stepTimeout_;
-    steps_.push_back(std::move(step));
+    steps_.push_back({"step " + std::to_string(++stepNumber_) + " " + name, std::move(fn), stepTimeout_});
     return *this;
 }
 
@@ -382,11 +225,12 @@ DialogDriver& DialogDriver::Queue(std::string name, StepFn fn)
 std::vector<HWND> DialogDriver::ThreadWindows()
 {
     std::vector<HWND> windows;
-    ForEachThreadWindow([&](HWND w) {
+    auto visible = [&](HWND w) {
         if (IsWindowVisible(w))
             windows.push_back(w);
         return true;
-    });
+    };
+    EnumThreadWindows(GetCurrentThreadId(), &CallForWindow<decltype(visible)>, reinterpret_cast<LPARAM>(&visible));
     return windows;
 }
 
@@ -412,8 +256,7 @@ HWND DialogDriver::FindControl(HWND root, int id)
 
 std::string DialogDriver::TextOf(HWND window)
 {
-    LRESULT length = SendMessageA(window, WM_GETTEXTLENGTH, 0, 0);
-    std::string text(static_cast<size_t>(length) + 1, '\0');
+    std::string text(static_cast<size_t>(SendMessageA(window, WM_GETTEXTLENGTH, 0, 0)) + 1, '\0');
     LRESULT got = SendMessageA(window, WM_GETTEXT, text.size(), reinterpret_cast<LPARAM>(text.data()));
     text.resize(static_cast<size_t>(std::max<LRESULT>(got, 0)));
     return text;
@@ -429,13 +272,10 @@ HWND DialogDriver::Target()
 {
     if (current_ && IsWindow(current_))
         return current_;
-    for (HWND w : ThreadWindows()) {
-        if (!IsWindowEnabled(w) || (GetWindowLongPtrA(w, GWL_EXSTYLE) & WS_EX_TOOLWINDOW))
-            continue;
-        if (IsClass(w, "#32768"))  // a menu
-            continue;
-        return w;
-    }
+    // Not a menu (#32768), nor a tool window such as a tooltip.
+    for (HWND w : ThreadWindows())
+        if (IsWindowEnabled(w) && !(GetWindowLongPtrA(w, GWL_EXSTYLE) & WS_EX_TOOLWINDOW) && !IsClass(w, "#32768"))
+            return w;
     return nullptr;
 }
 
@@ -454,13 +294,9 @@ DialogDriver& DialogDriver::WaitWindow(const std::string& caption)
 
 DialogDriver& DialogDriver::WaitControl(int id)
 {
-    return Queue("WaitControl(" + std::to_string(id) + ")", [id](DialogDriver&, HWND target) {
-        if (!target)
-            return Retry("no window of this thread is up");
-        HWND c = FindControl(target, id);
-        if (!c || !IsWindowVisible(c))
-            return Retry(Describe(target) + " shows no control " + std::to_string(id));
-        return Done();
+    return Queue(Call("WaitControl", id), [id](DialogDriver&, HWND target) {
+        HWND c = target ? FindControl(target, id) : nullptr;
+        return c && IsWindowVisible(c) ? Done() : Retry(Describe(target) + " shows no control " + std::to_string(id));
     });
 }
 
@@ -489,19 +325,23 @@ DialogDriver& DialogDriver::WaitHandled()
 
 DialogDriver& DialogDriver::Type(int id, const std::string& text)
 {
-    return Queue("Type(" + std::to_string(id) + ", " + Quote(text) + ")", OnControl(id, [id, text](HWND control) {
+    return Queue(Call("Type", id, Quote(text)), OnControl(id, [id, text](HWND control) {
         // A combo box takes typing in the edit it holds.
-        HWND edit = IsClass(control, "Edit") ? control : FirstDescendantOfClass(control, "Edit");
+        HWND edit = IsClass(control, "Edit") ? control : nullptr;
+        ForEachDescendant(control, [&](HWND w) {
+            if (!edit && IsClass(w, "Edit"))
+                edit = w;
+            return !edit;
+        });
         if (!edit)
-            return Failure("control " + std::to_string(id) + " (" + ClassOf(control) + ") has no edit to type into");
+            return Failure("control " + std::to_string(id) + " has no edit to type into");
         if (GetWindowLongPtrA(edit, GWL_STYLE) & ES_READONLY)
             return Retry("control " + std::to_string(id) + " is read-only");
         // As a user: move the focus there (a dialog selects an edit's text
         // when it gets the focus this way), select everything, then type
         // each character, so that limits and filters of the edit apply
         // and each keystroke raises its own EN_CHANGE.
-        if (HWND dialog = OwningDialog(control))
-            SendMessageA(dialog, WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(control), TRUE);
+        SendMessageA(GetParent(control), WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(control), TRUE);
         SendMessageA(edit, EM_SETSEL, 0, -1);
         if (text.empty())
             SendMessageA(edit, WM_CHAR, VK_BACK, 1);
@@ -513,7 +353,7 @@ DialogDriver& DialogDriver::Type(int id, const std::string& text)
 
 DialogDriver& DialogDriver::SetText(int id, const std::string& text)
 {
-    return Queue("SetText(" + std::to_string(id) + ", " + Quote(text) + ")", OnControl(id, [text](HWND control) {
+    return Queue(Call("SetText", id, Quote(text)), OnControl(id, [text](HWND control) {
         SendMessageA(control, WM_SETTEXT, 0, reinterpret_cast<LPARAM>(text.c_str()));
         return Done();
     }));
@@ -521,7 +361,7 @@ DialogDriver& DialogDriver::SetText(int id, const std::string& text)
 
 DialogDriver& DialogDriver::Click(int id)
 {
-    return Queue("Click(" + std::to_string(id) + ")", OnControl(id, [](HWND control) {
+    return Queue(Call("Click", id), OnControl(id, [](HWND control) {
         SendMessageA(control, BM_CLICK, 0, 0);
         return Done();
     }));
@@ -529,54 +369,35 @@ DialogDriver& DialogDriver::Click(int id)
 
 DialogDriver& DialogDriver::SetCheck(int id, bool checked)
 {
-    return Queue("SetCheck(" + std::to_string(id) + ", " + (checked ? "true" : "false") + ")",
-                 OnControl(id, [id, checked](HWND control) {
-        WPARAM want = checked ? BST_CHECKED : BST_UNCHECKED;
+    return Queue(Call("SetCheck", id, checked ? "true" : "false"), OnControl(id, [id, checked](HWND control) {
+        LRESULT want = checked ? BST_CHECKED : BST_UNCHECKED;
         // A three-state box may need two clicks.
-        for (int i = 0; i < 3 && SendMessageA(control, BM_GETCHECK, 0, 0) != static_cast<LRESULT>(want); ++i)
+        for (int i = 0; i < 3 && SendMessageA(control, BM_GETCHECK, 0, 0) != want; ++i)
             SendMessageA(control, BM_CLICK, 0, 0);
-        if (SendMessageA(control, BM_GETCHECK, 0, 0) != static_cast<LRESULT>(want))
+        if (SendMessageA(control, BM_GETCHECK, 0, 0) != want)
             return Failure("clicking control " + std::to_string(id) + " does not change its check state");
         return Done();
     }));
 }
 
-DialogDriver& DialogDriver::PickCombo(int id, int index)
-{
-    return Queue("PickCombo(" + std::to_string(id) + ", " + std::to_string(index) + ")",
-                 OnControl(id, [id, index](HWND control) {
-        LRESULT count = SendMessageA(control, CB_GETCOUNT, 0, 0);
-        if (index < 0 || index >= count)
-            return Retry("combo " + std::to_string(id) + " has " + std::to_string(count) + " entries");
-        return PickComboEntry(control, index);
-    }));
-}
-
 DialogDriver& DialogDriver::PickCombo(int id, const std::string& text)
 {
-    return Queue("PickCombo(" + std::to_string(id) + ", " + Quote(text) + ")",
-                 OnControl(id, [id, text](HWND control) {
+    return Queue(Call("PickCombo", id, Quote(text)), OnControl(id, [id, text](HWND control) {
         LRESULT index = SendMessageA(control, CB_FINDSTRINGEXACT, static_cast<WPARAM>(-1),
                                      reinterpret_cast<LPARAM>(text.c_str()));
-        if (index == CB_ERR) {
-            std::string entries;
-            LRESULT count = SendMessageA(control, CB_GETCOUNT, 0, 0);
-            for (LRESULT i = 0; i < count; ++i) {
-                char item[256] = {};
-                if (SendMessageA(control, CB_GETLBTEXTLEN, i, 0) < static_cast<LRESULT>(sizeof item))
-                    SendMessageA(control, CB_GETLBTEXT, i, reinterpret_cast<LPARAM>(item));
-                entries += (i ? ", " : "") + Quote(item);
-            }
-            return Retry("combo " + std::to_string(id) + " has no entry " + Quote(text) + " (it has " +
-                         (entries.empty() ? "none" : entries) + ")");
-        }
-        return PickComboEntry(control, index);
+        if (index == CB_ERR)
+            return Retry("combo " + std::to_string(id) + " has no entry " + Quote(text));
+        // A pick with the mouse ends the drop-down with both notifications.
+        SendMessageA(control, CB_SETCURSEL, index, 0);
+        Notify(control, CBN_SELENDOK);
+        Notify(control, CBN_SELCHANGE);
+        return Done();
     }));
 }
 
 DialogDriver& DialogDriver::PickList(int id, const std::string& text)
 {
-    return Queue("PickList(" + std::to_string(id) + ", " + Quote(text) + ")", OnControl(id, [id, text](HWND control) {
+    return Queue(Call("PickList", id, Quote(text)), OnControl(id, [id, text](HWND control) {
         LRESULT index = SendMessageA(control, LB_FINDSTRINGEXACT, static_cast<WPARAM>(-1),
                                      reinterpret_cast<LPARAM>(text.c_str()));
         if (index == LB_ERR)
@@ -589,15 +410,48 @@ DialogDriver& DialogDriver::PickList(int id, const std::string& text)
     }));
 }
 
-// ---- property sheets and buttons ----
+DialogDriver& DialogDriver::SendHelp(int id)
+{
+    return Queue(Call("SendHelp", id), [id](DialogDriver& d, HWND target) {
+        // The target window itself, or its control as a user could point at it.
+        auto help = [](HWND control) {
+            RECT rect;
+            GetWindowRect(control, &rect);
+            POINT centre = {(rect.left + rect.right) / 2, (rect.top + rect.bottom) / 2};
+            HELPINFO info = {sizeof info, HELPINFO_WINDOW, GetDlgCtrlID(control), control,
+                             GetWindowContextHelpId(control), centre};
+            // F1 sends it to the window with the focus; the default handling
+            // passes it up to the dialog.
+            SendMessageA(control, WM_HELP, 0, reinterpret_cast<LPARAM>(&info));
+            return Done();
+        };
+        if (id != 0)
+            return OnControl(id, help)(d, target);
+        return target ? help(target) : Retry("no window of this thread is up");
+    });
+}
+
+DialogDriver& DialogDriver::ContextMenu(int id)
+{
+    return Queue(Call("ContextMenu", id), OnControl(id, [](HWND control) {
+        RECT rect;
+        GetWindowRect(control, &rect);
+        // A right click sends it to the control under the mouse, which
+        // passes it to its parent unless it has a menu of its own.
+        SendMessageA(control, WM_CONTEXTMENU, reinterpret_cast<WPARAM>(control),
+                     MAKELPARAM((rect.left + rect.right) / 2, (rect.top + rect.bottom) / 2));
+        return Done();
+    }));
+}
+
+// ---- property sheets, buttons and message boxes ----
 
 DialogDriver& DialogDriver::SelectTab(int index)
 {
-    return Queue("SelectTab(" + std::to_string(index) + ")", [index](DialogDriver&, HWND target) {
+    return Queue(Call("SelectTab", index), [index](DialogDriver&, HWND target) {
         if (!target || !IsPropertySheet(target))
             return Retry(Describe(target) + " is not a property sheet");
-        HWND tab = PropSheet_GetTabControl(target);
-        int count = TabCtrl_GetItemCount(tab);
+        int count = TabCtrl_GetItemCount(PropSheet_GetTabControl(target));
         if (index < 0 || index >= count)
             return Failure("the sheet has " + std::to_string(count) + " pages");
         // The page that is left gets PSN_KILLACTIVE and may refuse.
@@ -606,88 +460,41 @@ DialogDriver& DialogDriver::SelectTab(int index)
     });
 }
 
-DialogDriver& DialogDriver::PressOk()
+// Presses a dialog's or sheet's button of this id as a user would: only
+// when it shows and is enabled.
+DialogDriver& DialogDriver::Press(const char* step, const char* label, int id, int sheetButton)
 {
-    return Queue("PressOk()", [](DialogDriver&, HWND t) { return PressButton(t, IDOK, PSBTN_OK, "OK"); });
-}
-
-DialogDriver& DialogDriver::PressCancel()
-{
-    return Queue("PressCancel()",
-                 [](DialogDriver&, HWND t) { return PressButton(t, IDCANCEL, PSBTN_CANCEL, "Cancel"); });
-}
-
-DialogDriver& DialogDriver::PressHelp()
-{
-    return Queue("PressHelp()", [](DialogDriver&, HWND t) { return PressButton(t, IDHELP, PSBTN_HELP, "Help"); });
-}
-
-DialogDriver& DialogDriver::PressApply()
-{
-    // The sheet's Apply button has this id in every implementation.
-    constexpr int kApplyButton = 0x3021;
-    return Queue("PressApply()",
-                 [](DialogDriver&, HWND t) { return PressButton(t, kApplyButton, PSBTN_APPLYNOW, "Apply"); });
-}
-
-DialogDriver& DialogDriver::SendHelp(int id)
-{
-    return Queue("SendHelp(" + std::to_string(id) + ")", [id](DialogDriver&, HWND target) {
-        HWND control = target;
-        if (id != 0) {
-            Result r = Usable(target, id, &control);
-            if (r.outcome != Outcome::Done)
-                return r;
-        } else if (!target) {
+    return Queue(step, [label, id, sheetButton](DialogDriver&, HWND target) {
+        if (!target)
             return Retry("no window of this thread is up");
-        }
-        RECT rect;
-        GetWindowRect(control, &rect);
-        HELPINFO info = {};
-        info.cbSize = sizeof info;
-        info.iContextType = HELPINFO_WINDOW;
-        info.iCtrlId = GetDlgCtrlID(control);
-        info.hItemHandle = control;
-        info.dwContextId = GetWindowContextHelpId(control);
-        info.MousePos = {(rect.left + rect.right) / 2, (rect.top + rect.bottom) / 2};
-        // F1 sends it to the window with the focus; the default handling
-        // passes it up to the dialog.
-        SendMessageA(control, WM_HELP, 0, reinterpret_cast<LPARAM>(&info));
+        HWND button = GetDlgItem(target, id);
+        if (button && (!IsWindowVisible(button) || !IsWindowEnabled(button)))
+            return Retry(std::string("the ") + label + " button is hidden or disabled");
+        if (IsPropertySheet(target))
+            PropSheet_PressButton(target, sheetButton);
+        else if (button)
+            SendMessageA(button, BM_CLICK, 0, 0);
+        else if (id == IDOK || id == IDCANCEL)  // Enter and Esc reach a dialog with no such button
+            SendMessageA(target, WM_COMMAND, MAKEWPARAM(id, BN_CLICKED), 0);
+        else
+            return Failure(Describe(target) + " has no " + label + " button");
         return Done();
     });
 }
 
-DialogDriver& DialogDriver::ContextMenu(int id)
-{
-    return Queue("ContextMenu(" + std::to_string(id) + ")", OnControl(id, [](HWND control) {
-        RECT rect;
-        GetWindowRect(control, &rect);
-        int x = (rect.left + rect.right) / 2;
-        int y = (rect.top + rect.bottom) / 2;
-        // A right click sends it to the control under the mouse, which
-        // passes it to its parent unless it has a menu of its own.
-        SendMessageA(control, WM_CONTEXTMENU, reinterpret_cast<WPARAM>(control), MAKELPARAM(x, y));
-        return Done();
-    }));
-}
-
 DialogDriver& DialogDriver::AnswerMessageBox(int button, const std::string& textContains, std::string* textOut)
 {
-    std::string name = "AnswerMessageBox(" + std::to_string(button);
-    if (!textContains.empty())
-        name += ", " + Quote(textContains);
-    name += ")";
-    return Queue(name, [button, textContains, textOut](DialogDriver& d, HWND) {
+    return Queue(Call("AnswerMessageBox", button, textContains.empty() ? "" : Quote(textContains)),
+                 [button, textContains, textOut](DialogDriver& d, HWND) {
         std::string why;
         HWND box = d.FindMessageBox(textContains, &why);
         if (!box)
             return Retry(why);
-        std::string text = MessageBoxText(box);
         HWND b = GetDlgItem(box, button);
         if (!b)
-            return Failure("the message box " + Quote(text) + " has no button " + std::to_string(button));
+            return Failure("the message box " + Quote(MessageBoxText(box)) + " has no such button");
         if (textOut)
-            *textOut = text;
+            *textOut = MessageBoxText(box);
         SendMessageA(b, BM_CLICK, 0, 0);
         return Done();
     });
@@ -712,28 +519,31 @@ HWND DialogDriver::FindMessageBox(const std::string& textContains, std::string* 
 
 DialogDriver& DialogDriver::ExpectText(int id, const std::string& text)
 {
-    return Queue("ExpectText(" + std::to_string(id) + ", " + Quote(text) + ")", CheckControl(id, [id, text](HWND c) {
+    return Queue(Call("ExpectText", id, Quote(text)), OnControl(id, [id, text](HWND c) {
         EXPECT_EQ(TextOf(c), text) << "text of control " << id;
-    }));
+        return Done();
+    }, false));
 }
 
 DialogDriver& DialogDriver::ExpectChecked(int id, bool checked)
 {
-    return Queue("ExpectChecked(" + std::to_string(id) + ")", CheckControl(id, [id, checked](HWND c) {
+    return Queue(Call("ExpectChecked", id), OnControl(id, [id, checked](HWND c) {
         EXPECT_EQ(SendMessageA(c, BM_GETCHECK, 0, 0) == BST_CHECKED, checked) << "check state of control " << id;
-    }));
+        return Done();
+    }, false));
 }
 
 DialogDriver& DialogDriver::ExpectEnabled(int id, bool enabled)
 {
-    return Queue("ExpectEnabled(" + std::to_string(id) + ")", CheckControl(id, [id, enabled](HWND c) {
+    return Queue(Call("ExpectEnabled", id), OnControl(id, [id, enabled](HWND c) {
         EXPECT_EQ(IsWindowEnabled(c) != FALSE, enabled) << "enabled state of control " << id;
-    }));
+        return Done();
+    }, false));
 }
 
 DialogDriver& DialogDriver::ExpectPage(int index)
 {
-    return Queue("ExpectPage(" + std::to_string(index) + ")", [index](DialogDriver&, HWND target) {
+    return Queue(Call("ExpectPage", index), [index](DialogDriver&, HWND target) {
         if (!target || !IsPropertySheet(target))
             return Retry(Describe(target) + " is not a property sheet");
         EXPECT_EQ(TabCtrl_GetCurSel(PropSheet_GetTabControl(target)), index) << "current page of the sheet";
@@ -741,7 +551,7 @@ DialogDriver& DialogDriver::ExpectPage(int index)
     });
 }
 
-// ---- screenshots ----
+// ---- screenshots and free-form steps ----
 
 DialogDriver& DialogDriver::Screenshot(const std::string& name)
 {
@@ -753,17 +563,20 @@ DialogDriver& DialogDriver::Screenshot(const std::string& name)
         // first window of a process as inactive although the window is
         // active; the picture shows what the user of a desktop would see.
         SendMessageA(target, WM_NCACTIVATE, TRUE, 0);
+        // Paints the window and its children now, into the surface that
+        // Wine keeps for it, and handles what the painting posted.
+        RedrawWindow(target, nullptr, nullptr,
+                     RDW_INVALIDATE | RDW_ERASE | RDW_FRAME | RDW_ALLCHILDREN | RDW_UPDATENOW);
         d.quiet_ = true;
-        PaintNow(target);
+        PumpMessages();
         d.quiet_ = false;
-        std::string error;
-        if (!SaveWindowPng(target, GalleryPath(name), &error))
-            return Failure("screenshot of " + Describe(target) + ": " + error);
-        return Done();
+        GdiFlush();
+        char failed[16] = {};
+        HRESULT hr = SaveWindowPng(target, GalleryPath(name));
+        wsprintfA(failed, "0x%08lX", static_cast<unsigned long>(hr));
+        return SUCCEEDED(hr) ? Done() : Failure("writing the picture of " + Describe(target) + " gave " + failed);
     });
 }
-
-// ---- free-form steps ----
 
 DialogDriver& DialogDriver::Do(std::function<void(HWND target)> action)
 {
@@ -775,58 +588,40 @@ DialogDriver& DialogDriver::Do(std::function<void(HWND target)> action)
     });
 }
 
-DialogDriver& DialogDriver::Step(std::string name, StepFn step)
-{
-    return Queue(std::move(name), std::move(step));
-}
-
 // ---- running ----
 
 void DialogDriver::Fail(const std::string& message)
 {
-    failures_.push_back(message);
     ADD_FAILURE() << "dialog driver: " << message;
     aborting_ = true;
     steps_.clear();
 }
 
+// Closes the topmost window of the thread: a menu with EndMenu, a sheet
+// with its Cancel, a dialog with IDCANCEL, any other window with WM_CLOSE;
+// a dialog that stays is ended with EndDialog, and what still stays is
+// destroyed.
 void DialogDriver::DismissOne()
 {
     std::vector<HWND> windows = ThreadWindows();
     if (windows.empty())
         return;
     HWND w = windows.front();
-    ULONGLONG now = GetTickCount64();
-    auto found = dismissing_.find(w);
-    if (found == dismissing_.end()) {
-        dismissing_[w] = now;
-        if (IsClass(w, "#32768"))
-            EndMenu();
-        else if (IsPropertySheet(w))
-            PropSheet_PressButton(w, PSBTN_CANCEL);
-        else if (IsClass(w, "#32770"))
-            PostMessageA(w, WM_COMMAND, MAKEWPARAM(IDCANCEL, BN_CLICKED), 0);
-        else
-            PostMessageA(w, WM_CLOSE, 0, 0);
-        return;
-    }
-    ULONGLONG waited = now - found->second;
-    if (waited >= kForceMs) {
+    bool sheet = IsPropertySheet(w), dialog = IsClass(w, "#32770") && !sheet;
+    auto [since, first] = dismissing_.try_emplace(w, GetTickCount64());
+    ULONGLONG waited = GetTickCount64() - since->second;
+    if (first && IsClass(w, "#32768"))
+        EndMenu();
+    else if (first && sheet)
+        PropSheet_PressButton(w, PSBTN_CANCEL);
+    else if (first && dialog)
+        PostMessageA(w, WM_COMMAND, MAKEWPARAM(IDCANCEL, BN_CLICKED), 0);
+    else if (first)
+        PostMessageA(w, WM_CLOSE, 0, 0);
+    else if (waited >= kForceMs)
         DestroyWindow(w);
-    } else if (waited >= kPoliteMs && IsClass(w, "#32770") && !IsPropertySheet(w)) {
+    else if (waited >= kPoliteMs && dialog)
         EndDialog(w, IDCANCEL);
-    }
-}
-
-void DialogDriver::DismissLeftovers()
-{
-    ULONGLONG until = GetTickCount64() + 2000;
-    while (GetTickCount64() < until && !ThreadWindows().empty()) {
-        DismissOne();
-        PumpMessages();
-        MsgWaitForMultipleObjects(0, nullptr, FALSE, kTickMs, QS_ALLINPUT);
-    }
-    dismissing_.clear();
 }
 
 void CALLBACK DialogDriver::OnTimer(HWND, UINT, UINT_PTR, DWORD)
@@ -867,30 +662,13 @@ void DialogDriver::Tick()
     steps_.pop_front();
     if (!step.firstTry)
         step.firstTry = now;
-    Result result;
-    try {
-        result = step.fn(*this, Target());
-    } catch (const std::exception& e) {
-        result = Failure(std::string("threw ") + e.what());
-    } catch (...) {
-        result = Failure("threw");
-    }
-    switch (result.outcome) {
-    case Outcome::Done:
-        break;
-    case Outcome::Retry:
-        if (aborting_)
-            break;
-        if (GetTickCount64() - step.firstTry >= step.timeout) {
-            Fail(step.name + " did not succeed within " + std::to_string(step.timeout) + " ms: " + result.why);
-            break;
-        }
-        steps_.push_front(std::move(step));
-        break;
-    case Outcome::Fail:
+    Result result = step.fn(*this, Target());
+    if (result.outcome == Outcome::Fail)
         Fail(step.name + " failed: " + result.why);
-        break;
-    }
+    else if (result.outcome == Outcome::Retry && !aborting_ && GetTickCount64() - step.firstTry >= step.timeout)
+        Fail(step.name + " did not succeed within " + std::to_string(step.timeout) + " ms: " + result.why);
+    else if (result.outcome == Outcome::Retry && !aborting_)
+        steps_.push_front(std::move(step));
 }
 
 INT_PTR DialogDriver::Run(const std::function<INT_PTR()>& entry)
@@ -912,11 +690,16 @@ INT_PTR DialogDriver::Run(const std::function<INT_PTR()>& entry)
         std::string left;
         for (const QueuedStep& s : steps_)
             left += (left.empty() ? "" : ", ") + s.name;
-        failures_.push_back("the modal entry returned with steps still queued: " + left);
-        ADD_FAILURE() << "dialog driver: " << failures_.back();
+        ADD_FAILURE() << "dialog driver: the modal entry returned with steps still queued: " << left;
         steps_.clear();
     }
-    DismissLeftovers();
+    // Closes what the entry left behind, within a bound.
+    for (ULONGLONG until = GetTickCount64() + 2000; GetTickCount64() < until && !ThreadWindows().empty();) {
+        DismissOne();
+        PumpMessages();
+        MsgWaitForMultipleObjects(0, nullptr, FALSE, kTickMs, QS_ALLINPUT);
+    }
+    dismissing_.clear();
     if (marker_)
         DestroyWindow(marker_);
     marker_ = nullptr;

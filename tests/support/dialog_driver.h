@@ -16,6 +16,8 @@
 
 #include <windows.h>
 
+#include <prsht.h>
+
 #include <deque>
 #include <functional>
 #include <map>
@@ -40,10 +42,10 @@ public:
     DialogDriver(const DialogDriver&) = delete;
     DialogDriver& operator=(const DialogDriver&) = delete;
 
-    // Bounds, in milliseconds: for each step that waits (default 5000) and
-    // for the whole run (default 30000).
-    DialogDriver& SetStepTimeout(DWORD ms);
-    DialogDriver& SetRunTimeout(DWORD ms);
+    // Bounds, in milliseconds: for each step queued after this call that
+    // waits (default 5000), and for the whole run (default 30000).
+    DialogDriver& SetStepTimeout(DWORD ms) { stepTimeout_ = ms; return *this; }
+    DialogDriver& SetRunTimeout(DWORD ms) { runTimeout_ = ms; return *this; }
 
     // A top-level window of this thread that is visible becomes the target
     // of the steps that follow. Without one, steps target the topmost
@@ -71,19 +73,18 @@ public:
     DialogDriver& SetText(int id, const std::string& text);
     DialogDriver& Click(int id);                          // BM_CLICK
     DialogDriver& SetCheck(int id, bool checked);         // clicks until the box shows the state
-    DialogDriver& PickCombo(int id, int index);           // CB_SETCURSEL, CBN_SELENDOK, CBN_SELCHANGE
-    DialogDriver& PickCombo(int id, const std::string& text);
+    DialogDriver& PickCombo(int id, const std::string& text);  // CB_SETCURSEL, CBN_SELENDOK, CBN_SELCHANGE
     DialogDriver& PickList(int id, const std::string& text);  // LB_SETCURSEL (+ LBN_SELCHANGE with LBS_NOTIFY)
 
     // Property sheets (PropSheet_SetCurSel: the page may refuse to leave).
     DialogDriver& SelectTab(int index);
 
-    // OK, Cancel, Help, Apply: PropSheet_PressButton on a sheet, else the
-    // dialog's button of that id (or its WM_COMMAND when it has none).
-    DialogDriver& PressOk();
-    DialogDriver& PressCancel();
-    DialogDriver& PressHelp();
-    DialogDriver& PressApply();
+    // OK, Cancel, Help: PropSheet_PressButton on a sheet, else the dialog's
+    // button of that id (or, for OK and Cancel, its WM_COMMAND when it has
+    // none, as Enter and Esc give it).
+    DialogDriver& PressOk() { return Press("PressOk()", "OK", IDOK, PSBTN_OK); }
+    DialogDriver& PressCancel() { return Press("PressCancel()", "Cancel", IDCANCEL, PSBTN_CANCEL); }
+    DialogDriver& PressHelp() { return Press("PressHelp()", "Help", IDHELP, PSBTN_HELP); }
 
     // WM_HELP with a HELPINFO for the control (0: the target window itself),
     // as F1 does; WM_CONTEXTMENU as a right click on the control does.
@@ -112,12 +113,11 @@ public:
     // Anything else: Do runs once, when a target is up; Step retries until
     // it answers Done.
     DialogDriver& Do(std::function<void(HWND target)> action);
-    DialogDriver& Step(std::string name, StepFn step);
+    DialogDriver& Step(std::string name, StepFn step) { return Queue(std::move(name), std::move(step)); }
 
     // Calls the modal entry with the steps running inside it, and returns
     // what the entry returns. Every failure is a gtest failure already.
     INT_PTR Run(const std::function<INT_PTR()>& entry);
-    const std::vector<std::string>& Failures() const { return failures_; }
 
     // Helpers also used by tests and free-form steps.
     static HWND FindControl(HWND root, int id);  // recursive, prefers a visible one
@@ -129,21 +129,20 @@ private:
     struct QueuedStep {
         std::string name;
         StepFn fn;
-        ULONGLONG firstTry = 0;
         DWORD timeout = 0;
+        ULONGLONG firstTry = 0;
     };
 
     DialogDriver& Queue(std::string name, StepFn fn);
+    DialogDriver& Press(const char* step, const char* label, int id, int sheetButton);
     HWND Target();
     void Tick();
     void Fail(const std::string& message);
     HWND FindMessageBox(const std::string& textContains, std::string* why) const;
     void DismissOne();
-    void DismissLeftovers();
     static void CALLBACK OnTimer(HWND, UINT, UINT_PTR, DWORD);
 
     std::deque<QueuedStep> steps_;
-    std::vector<std::string> failures_;
     std::map<HWND, ULONGLONG> dismissing_;  // window -> when its closing began
     HWND current_ = nullptr;
     HWND marker_ = nullptr;  // receives WaitHandled's markers while a run lasts

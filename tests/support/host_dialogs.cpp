@@ -36,11 +36,6 @@ std::string SelectedType(HWND saveDialog)
     return text;
 }
 
-int TypeIndexOf(HWND saveDialog, const std::string& ext)
-{
-    return GetFormatIndex(saveDialog, kTypeList, ext.c_str());
-}
-
 DialogDriver& TypeName(DialogDriver& d, const std::string& name)
 {
     return d.Do([name](HWND dialog) {
@@ -82,11 +77,7 @@ int SaveDialogTest::Save(const char* srcExt, short srcType, const char* appTitle
 
 void SaveDialogTest::Prime(const char* srcExt, short srcType, bool accept)
 {
-    Open();
-    if (accept)
-        d.PressOk();
-    else
-        d.PressCancel();
+    accept ? Open().PressOk() : Open().PressCancel();
     Save(srcExt, srcType);
 }
 

@@ -49,7 +49,7 @@ std::string TempFolder();     // without the closing "\"
 // The edit that holds the file name: edt1, or the edit inside cmb13.
 HWND NameBox(HWND saveDialog);
 std::string SelectedType(HWND saveDialog);  // the entry's text
-int TypeIndexOf(HWND saveDialog, const std::string& ext);
+inline int TypeIndexOf(HWND dialog, const std::string& ext) { return GetFormatIndex(dialog, kTypeList, ext.c_str()); }
 
 // Types a name into the name box the way the box's edit sees typing.
 DialogDriver& TypeName(DialogDriver& d, const std::string& name);

@@ -8,21 +8,12 @@ namespace {
 
 SeamRecorder* g_recorder = nullptr;
 
+// The first button of each kind of message box, by MB_OK, MB_OKCANCEL, ...
 int FirstButton(UINT type)
 {
-    switch (type & MB_TYPEMASK) {
-    case MB_YESNO:
-    case MB_YESNOCANCEL:
-        return IDYES;
-    case MB_RETRYCANCEL:
-        return IDRETRY;
-    case MB_ABORTRETRYIGNORE:
-        return IDABORT;
-    case MB_CANCELTRYCONTINUE:
-        return IDCANCEL;
-    default:
-        return IDOK;
-    }
+    constexpr int kFirst[] = {IDOK, IDOK, IDABORT, IDYES, IDYES, IDRETRY, IDCANCEL};
+    UINT kind = type & MB_TYPEMASK;
+    return kind < sizeof kFirst / sizeof kFirst[0] ? kFirst[kind] : IDOK;
 }
 
 }  // namespace
