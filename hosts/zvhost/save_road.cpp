@@ -48,10 +48,22 @@ void EnsureSuite()
         g_formats = new OKAMOD(nullptr);
 }
 
+// The title names the picture in hand: its file, its size in pixels and
+// its depth, or the kind of picture when it has no pixels of its own.
 void ShowTitle(HWND window)
 {
-    char title[600];
-    std::snprintf(title, sizeof title, "Zavrin Host - %s", g_imagePath[0] ? g_imagePath : "no image");
+    char title[700];
+    if (g_image == nullptr || !g_imagePath[0]) {
+        SetWindowTextA(window, "Zavrin Host - no image");
+        return;
+    }
+    long width = 0, height = 0;
+    short bits = 0;
+    g_image->GetInfo(&width, &height, nullptr, nullptr, &bits);
+    if (g_image->IsRaster())
+        std::snprintf(title, sizeof title, "Zavrin Host - %s - %ld x %ld, %d bits", g_imagePath, width, height, bits);
+    else
+        std::snprintf(title, sizeof title, "Zavrin Host - %s - %ld x %ld, vector", g_imagePath, width, height);
     SetWindowTextA(window, title);
 }
 
@@ -67,22 +79,7 @@ void OpenImage(HWND window)
     ofn.Flags = OFN_FILEMUSTEXIST | OFN_HIDEREADONLY | OFN_EXPLORER;
     if (!GetOpenFileNameA(&ofn))
         return;
-    Dewey* image = new Dewey;
-    short result = image->Open(path);
-    if (result != 0) {
-        delete image;
-        char code[32];
-        std::snprintf(code, sizeof code, "engine code %d", result);
-        Report(window, "The image could not be opened.", code);
-        return;
-    }
-    delete g_view;
-    delete g_image;
-    g_image = image;
-    g_view = new Huey(g_image);
-    lstrcpynA(g_imagePath, path, sizeof g_imagePath);
-    ShowTitle(window);
-    InvalidateRect(window, nullptr, TRUE);
+    OpenImageFile(window, path);
 }
 
 // The conversion the save dialog prepared: the options that aren't
@@ -137,6 +134,32 @@ void SaveImage(HWND window)
 
 }  // namespace
 
+bool OpenImageFile(HWND window, const char* path)
+{
+    // A name relative to the current folder, as on a command line, is kept
+    // in full, so that a later save or convert finds the same file.
+    char full[ZV_SAVE_PATH_SIZE] = {};
+    if (GetFullPathNameA(path, sizeof full, full, nullptr) == 0 || full[sizeof full - 1] != '\0')
+        lstrcpynA(full, path, sizeof full);
+    Dewey* image = new Dewey;
+    short result = image->Open(full);
+    if (result != 0) {
+        delete image;
+        char detail[700];
+        std::snprintf(detail, sizeof detail, "%s\nengine code %d", full, result);
+        Report(window, "The image could not be opened.", detail);
+        return false;
+    }
+    delete g_view;
+    delete g_image;
+    g_image = image;
+    g_view = new Huey(g_image);
+    lstrcpynA(g_imagePath, full, sizeof g_imagePath);
+    ShowTitle(window);
+    InvalidateRect(window, nullptr, TRUE);
+    return true;
+}
+
 void AddFileMenu(HWND window)
 {
     HMENU file = CreatePopupMenu();
@@ -179,14 +202,16 @@ void PaintImage(HWND window, HDC dc)
     g_image->GetInfo(&width, &height, nullptr, nullptr, nullptr);
     RECT client;
     GetClientRect(window, &client);
-    if (width <= 0 || height <= 0)
+    if (width <= 0 || height <= 0 || client.right <= 0 || client.bottom <= 0)
         return;
-    // Fit the picture into the window, keeping its proportions.
+    // The whole picture fills as much of the window as its proportions
+    // allow, larger or smaller than its own size, and stands in the middle.
     double scale = std::min(static_cast<double>(client.right) / width, static_cast<double>(client.bottom) / height);
-    if (scale > 1.0)
-        scale = 1.0;
+    LONG fittedWidth = std::max(1L, static_cast<LONG>(width * scale + 0.5));
+    LONG fittedHeight = std::max(1L, static_cast<LONG>(height * scale + 0.5));
+    LONG left = (client.right - fittedWidth) / 2, top = (client.bottom - fittedHeight) / 2;
     RECT source = {0, 0, width, height};
-    RECT target = {0, 0, static_cast<LONG>(width * scale), static_cast<LONG>(height * scale)};
+    RECT target = {left, top, left + fittedWidth, top + fittedHeight};
     g_view->AttachWindow(window, dc);
     g_view->Paint(&source, &target);
 }

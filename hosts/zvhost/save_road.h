@@ -6,6 +6,10 @@
 
 // Adds "Open..." and "Save As..." to the window's menu bar.
 void AddFileMenu(HWND window);
+// Opens the image file at path (relative to the current folder or full),
+// shows it and names it in the window's title; tells the user and keeps
+// the image in hand when the file can't be read.
+bool OpenImageFile(HWND window, const char* path);
 // Handles a command of that menu; false for any other command.
 bool OnFileCommand(HWND window, WORD command);
 // Paints the image in hand, if any, into the client area.

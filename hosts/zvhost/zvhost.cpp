@@ -2,7 +2,8 @@
 //
 // It loads ZVOPT32 and the suite's libraries by their names, shows its
 // window and ends when asked (closing the window, or --exit-after MS for a
-// run without a person). What it loaded is written to standard output.
+// run without a person). What it loaded is written to standard output. An
+// image file named on the command line is opened at once.
 #include <windows.h>
 
 #include <cstdio>
@@ -80,6 +81,20 @@ UINT ExitAfterFromCommandLine(const char* commandLine)
     return static_cast<UINT>(std::strtoul(option + std::strlen("--exit-after"), nullptr, 10));
 }
 
+// The first argument that is no option and no option's value: the image.
+const char* ImageFromArguments(int count, char** arguments)
+{
+    for (int i = 1; i < count; ++i) {
+        if (std::strcmp(arguments[i], "--exit-after") == 0) {
+            ++i;
+            continue;
+        }
+        if (std::strncmp(arguments[i], "--", 2) != 0)
+            return arguments[i];
+    }
+    return nullptr;
+}
+
 }  // namespace
 
 int WINAPI WinMain(HINSTANCE instance, HINSTANCE, LPSTR commandLine, int show)
@@ -87,6 +102,9 @@ int WINAPI WinMain(HINSTANCE instance, HINSTANCE, LPSTR commandLine, int show)
     int loaded = LoadLibraries();
 
     WNDCLASSA windowClass = {};
+    // The fitted picture depends on the whole client area: a new size
+    // paints it all again.
+    windowClass.style = CS_HREDRAW | CS_VREDRAW;
     windowClass.lpfnWndProc = HostWindowProc;
     windowClass.hInstance = instance;
     windowClass.hCursor = LoadCursor(nullptr, IDC_ARROW);
@@ -103,6 +121,10 @@ int WINAPI WinMain(HINSTANCE instance, HINSTANCE, LPSTR commandLine, int show)
     ShowWindow(window, show);
     UpdateWindow(window);
     std::printf("window \"%s\" shown\n", kTitle);
+    if (const char* image = ImageFromArguments(__argc, __argv)) {
+        bool opened = OpenImageFile(window, image);
+        std::printf("%s %s\n", opened ? "opened" : "could not open", image);
+    }
     std::fflush(stdout);
 
     if (UINT exitAfter = ExitAfterFromCommandLine(commandLine))

@@ -4,6 +4,7 @@
 #include "output_ids.h"
 #include "ravicli.h"
 #include "host_dialogs.h"
+#include "child_process.h"
 
 namespace {
 
@@ -29,7 +30,7 @@ TEST(HostMenu, OpenThenSaveAsPngWritesTheImageWithTheSheetsOptions)
     TypeName(open, source);
     open.PressOk();
     open.Run([&] { return INT_PTR(OnFileCommand(window, 100)); });
-    EXPECT_EQ(zvtest::DialogDriver::TextOf(window), "Zavrin Host - " + source);
+    EXPECT_EQ(zvtest::DialogDriver::TextOf(window), "Zavrin Host - " + source + " - 64 x 48, 24 bits");
 
     // Save As: a PNG, half as wide in pixels, the height following.
     zvtest::DialogDriver save;
@@ -53,6 +54,53 @@ TEST(HostMenu, OpenThenSaveAsPngWritesTheImageWithTheSheetsOptions)
 
     CloseFileMenu();
     DestroyWindow(window);
+}
+
+// The picture fills the window as far as its proportions allow: the
+// sample's corners and its yellow middle bar land where the fit puts them.
+TEST(HostMenu, AnOpenedImageIsPaintedFittedToTheWindow)
+{
+    HWND window = CreateWindowA("STATIC", "", WS_POPUP | WS_VISIBLE, 0, 0, 400, 300, nullptr, nullptr, nullptr,
+                                nullptr);
+    ASSERT_TRUE(OpenImageFile(window, ZV_SAMPLE_BMP));
+    HDC dc = GetDC(window);
+    PaintImage(window, dc);
+    EXPECT_EQ(GetPixel(dc, 10, 10), RGB(255, 0, 0));
+    EXPECT_EQ(GetPixel(dc, 390, 10), RGB(0, 0, 255));
+    EXPECT_EQ(GetPixel(dc, 200, 150), RGB(255, 255, 0));
+    ReleaseDC(window, dc);
+    CloseFileMenu();
+    DestroyWindow(window);
+}
+
+// The host started with a file on its command line shows it at once and
+// names it, its size and its depth in the title.
+TEST(HostMenu, TheFileOnTheCommandLineIsOpenedAtStart)
+{
+    std::string exe = zvtest::LibraryFolder() + "\\zvhost.exe";
+    PROCESS_INFORMATION process = {};
+    ASSERT_TRUE(zvtest::StartProcess(exe.c_str(), "zvhost.exe " ZV_SAMPLE_BMP " --exit-after 20000", &process));
+    WaitForInputIdle(process.hProcess, 20000);
+    std::string title;
+    const ULONGLONG deadline = GetTickCount64() + 20000;
+    while (GetTickCount64() < deadline) {
+        char text[700] = {};
+        if (HWND host = FindWindowA("ZvHostWindow", nullptr)) {
+            GetWindowTextA(host, text, sizeof text);
+            title = text;
+            if (title.find("64 x 48") != std::string::npos) {
+                PostMessageA(host, WM_CLOSE, 0, 0);
+                break;
+            }
+        }
+        // Wakes early when the host ends, which ends the wait too.
+        if (WaitForSingleObject(process.hProcess, 50) == WAIT_OBJECT_0)
+            break;
+    }
+    char full[MAX_PATH] = {};
+    GetFullPathNameA(ZV_SAMPLE_BMP, sizeof full, full, nullptr);
+    EXPECT_EQ(title, std::string("Zavrin Host - ") + full + " - 64 x 48, 24 bits");
+    EXPECT_EQ(zvtest::FinishProcess(process), 0u);
 }
 
 }  // namespace
