@@ -6,16 +6,23 @@
 DLGPROC SourceDialogProcedure(zv::SourceDialogProc which)
 {
     switch (which) {
+    case zv::SourceDialogProc::kCgm:
+        return CGMSrcDlgProc;
+    case zv::SourceDialogProc::kClipboard:
+        return CLPSrcDlgProc;
+    case zv::SourceDialogProc::k2dOr3d:
+        return Src2dOr3dDlgProc;
+    case zv::SourceDialogProc::kPixOgf:
+        return PIXOGFSrcDlgProc;
+    case zv::SourceDialogProc::kPcd:
+        return PCDSrcDlgProc;
+    case zv::SourceDialogProc::k3d:
+        return Zv3dSrcOptionsDlgProc;
+    case zv::SourceDialogProc::kInputOptions:
+        return InputOptionsDlgProc;
     case zv::SourceDialogProc::kNone:
-    case zv::SourceDialogProc::kCgm:          // CGMSrcDlgProc
-    case zv::SourceDialogProc::kClipboard:    // CLPSrcDlgProc
-    case zv::SourceDialogProc::k2dOr3d:       // Src2dOr3dDlgProc
-    case zv::SourceDialogProc::kPixOgf:       // PIXOGFSrcDlgProc
-    case zv::SourceDialogProc::kPcd:          // PCDSrcDlgProc
     case zv::SourceDialogProc::kPcl:          // PCLSrcDlgProc
     case zv::SourceDialogProc::kPicPgl:       // PICPGLSrcDlgProc
-    case zv::SourceDialogProc::k3d:           // Zv3dSrcOptionsDlgProc
-    case zv::SourceDialogProc::kInputOptions: // InputOptionsDlgProc
         break;
     }
     return nullptr;

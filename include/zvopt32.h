@@ -212,3 +212,16 @@ ZVOPT32_API INT_PTR CALLBACK TiffAppDlgProc(HWND dialog, UINT message, WPARAM wP
 ZVOPT32_API INT_PTR CALLBACK ForceToRasterDlgProc(HWND dialog, UINT message, WPARAM wParam, LPARAM lParam);
 
 }  // extern "C"
+
+// The source dialogs: how a file of one source format is read. Each is the
+// procedure of its template (GetSrcDlgId gives both) and writes its tags at
+// OK, none at Cancel.
+extern "C" {
+ZVOPT32_API INT_PTR CALLBACK CGMSrcDlgProc(HWND dialog, UINT message, WPARAM wParam, LPARAM lParam);
+ZVOPT32_API INT_PTR CALLBACK Src2dOr3dDlgProc(HWND dialog, UINT message, WPARAM wParam, LPARAM lParam);
+ZVOPT32_API INT_PTR CALLBACK PIXOGFSrcDlgProc(HWND dialog, UINT message, WPARAM wParam, LPARAM lParam);
+ZVOPT32_API INT_PTR CALLBACK PCDSrcDlgProc(HWND dialog, UINT message, WPARAM wParam, LPARAM lParam);
+ZVOPT32_API INT_PTR CALLBACK CLPSrcDlgProc(HWND dialog, UINT message, WPARAM wParam, LPARAM lParam);
+ZVOPT32_API INT_PTR CALLBACK InputOptionsDlgProc(HWND dialog, UINT message, WPARAM wParam, LPARAM lParam);
+ZVOPT32_API INT_PTR CALLBACK Zv3dSrcOptionsDlgProc(HWND dialog, UINT message, WPARAM wParam, LPARAM lParam);
+}  // extern "C"

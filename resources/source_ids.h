@@ -1,0 +1,49 @@
+// Numbers of the source dialogs: their templates, their controls and the
+// strings they load.
+#pragma once
+
+#define IDD_PIXOGF_SOURCE 213
+#define IDD_CGM_SOURCE 215
+#define IDD_PCD_SOURCE 216
+#define IDD_CLIPBOARD_SOURCE 217
+#define IDD_INPUT_OPTIONS 218
+#define IDD_3D_SOURCE 227
+#define IDD_2D_OR_3D_SOURCE 232
+
+// Scaling and memorize, in every dialog that reads pages of a document.
+#define IDC_SRC_SCALING 1900
+#define IDC_SRC_SCALE_OFF 1901
+#define IDC_SRC_SCALE_WINDOW 1902
+#define IDC_SRC_SCALE_WIDTH 1903
+#define IDC_SRC_MEMORIZE 1904
+// How a format that holds either kind is read.
+#define IDC_SRC_CLASS_GROUP 65535
+#define IDC_SRC_CLASS_2D 1905
+#define IDC_SRC_CLASS_3D 1906
+// Viewpoint and rendering of a three-dimensional reading.
+#define IDC_SRC_VIEWPOINT 2000
+#define IDC_SRC_VIEW_KEYBOARD 2001
+#define IDC_SRC_VIEW_VR 2002
+#define IDC_SRC_VIEW_CAD 2003
+#define IDC_SRC_RENDERING 2004
+#define IDC_SRC_RENDER_WIRE 2005
+#define IDC_SRC_RENDER_FLAT 2006
+#define IDC_SRC_RENDER_GOURAUD 2007
+#define IDC_SRC_PERSPECTIVE 2008
+// Own controls.
+#define IDC_CGM_TRIM 4400
+#define IDC_PIX_COARSE 2700
+#define IDC_PIX_MEDIUM 2701
+#define IDC_PIX_FINE 2702
+#define IDC_PIX_AUTO 2703
+#define IDC_PCD_RESOLUTION 2600
+#define IDC_PCD_RESOLUTION_LABEL 2601
+#define IDC_CLP_GROUP 1300
+#define IDC_CLP_DIB 1301
+#define IDC_CLP_WMF 1302
+#define IDC_CLP_DDB 1303
+#define IDC_CLP_TXT 1304
+#define IDC_CLP_TIF 1305
+
+#define IDS_PCD_RESOLUTIONS 15028
+#define IDS_PCD_RESOLUTION_VALUES 15029
