@@ -225,3 +225,20 @@ ZVOPT32_API INT_PTR CALLBACK CLPSrcDlgProc(HWND dialog, UINT message, WPARAM wPa
 ZVOPT32_API INT_PTR CALLBACK InputOptionsDlgProc(HWND dialog, UINT message, WPARAM wParam, LPARAM lParam);
 ZVOPT32_API INT_PTR CALLBACK Zv3dSrcOptionsDlgProc(HWND dialog, UINT message, WPARAM wParam, LPARAM lParam);
 }  // extern "C"
+
+// Asks for the image file to read (or, with multiple, several: path then
+// gets the system's raw list, up to 25,860 bytes, ended by two NULs); the
+// Options button runs the source dialog of the format under the cursor. A
+// title keeps the host's own reading: only the formats' own dialogs are
+// offered. Non-zero when a file was accepted.
+extern "C" {
+ZVOPT32_API int DoOpenDlg(HWND owner, TagSet* tags, char* appTitle, char* helpFile, OKAMOD* formats, char* path,
+                          char* title, int multiple);
+// The same for a host with neither tags nor format registry of its own.
+ZVOPT32_API int OkaOpenDlg(HWND owner, char* appTitle, char* helpFile, char* path, char* title);
+// The CUT reading: the palette file of the picture name (its base name),
+// on a classic file dialog with the scaling choice beside it; 1 when a
+// palette was chosen.
+ZVOPT32_API int CUTSrcDlg(HWND owner, char* name);
+ZVOPT32_API UINT_PTR CALLBACK CUTSrcOptionsHookProc(HWND dialog, UINT message, WPARAM wParam, LPARAM lParam);
+}  // extern "C"

@@ -47,3 +47,23 @@
 
 #define IDS_PCD_RESOLUTIONS 15028
 #define IDS_PCD_RESOLUTION_VALUES 15029
+
+// The open dialog's child template below the system's dialog.
+#define IDD_OPEN_CHILD 1536
+#define IDC_OPEN_WARNINGS 1052
+#define IDC_OPEN_OPTIONS 1036
+#define IDS_ALL_FILES 15092
+
+// The CUT reading: a classic file dialog for the palette, with the scaling
+// choice beside it. The template goes by name.
+#define IDS_CUT_PALETTE_FILTER 15021
+#define IDC_CUT_NAME_LABEL 1090
+#define IDC_CUT_FILES 1120
+#define IDC_CUT_DIR_LABEL 65535
+#define IDC_CUT_DIR 1088
+#define IDC_CUT_DIRS 1121
+#define IDC_CUT_TYPE_LABEL 1089
+#define IDC_CUT_TYPES 1136
+#define IDC_CUT_DRIVE_LABEL 1091
+#define IDC_CUT_DRIVES 1137
+#define IDC_CUT_READ_ONLY 1040

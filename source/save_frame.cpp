@@ -7,6 +7,7 @@
 #include "dialog_guard.h"
 #include "frame_tables.h"
 #include "module.h"
+#include "file_dialog_parts.h"
 #include "okamod32.h"
 #include "option_core.h"
 #include "resource_ids.h"
@@ -19,17 +20,11 @@
 namespace {
 
 constexpr int kTypeList = 1136;    // cmb1
-constexpr int kNameEdit = 1152;    // edt1, the name box of older systems
-constexpr int kNameCombo = 1148;   // cmb13, the name box that holds an edit
+constexpr int kNameEdit = kFileNameEdit;
 constexpr int kSpecRoom = zv::kLongPathSize;
 constexpr int kHelpOptionsButton = 1041;
 constexpr int kHelpTargetAppButton = 1028;
 constexpr int kHelpWarningsBox = 1067;
-
-// The inner combo box of cmb13 hears its edit's changes; the dialog itself
-// hears nothing, so the combo box is subclassed for them.
-HWND g_nameCombo = nullptr;
-WNDPROC g_nameComboProc = nullptr;
 
 HWND FrameOf(HWND child)
 {
@@ -37,18 +32,9 @@ HWND FrameOf(HWND child)
     return frame != nullptr ? frame : child;
 }
 
-// The edit that holds the file name: edt1 where the dialog has it, else the
-// edit inside cmb13.
 HWND NameBox(HWND frame)
 {
-    if (HWND edit = GetDlgItem(frame, kNameEdit))
-        return edit;
-    HWND outer = GetDlgItem(frame, kNameCombo);
-    if (outer == nullptr)
-        return nullptr;
-    HWND combo = FindWindowExA(outer, nullptr, "ComboBox", nullptr);
-    HWND edit = FindWindowExA(combo != nullptr ? combo : outer, nullptr, "Edit", nullptr);
-    return edit != nullptr ? edit : outer;
+    return FileNameBox(frame);
 }
 
 bool GetSpec(HWND frame, char* spec)
@@ -280,59 +266,14 @@ bool HasSaveHelp(int id)
     return id == IDC_SAVE_OPTIONS || id == IDC_SAVE_TARGETAPP || id == IDC_SAVE_WARNINGS;
 }
 
-LRESULT CALLBACK NameComboProc(HWND combo, UINT message, WPARAM wParam, LPARAM lParam)
-{
-    LRESULT result = CallWindowProcA(g_nameComboProc, combo, message, wParam, lParam);
-    if (message == WM_COMMAND && HIWORD(wParam) == EN_CHANGE) {
-        // The frame is the parent of cmb13, which holds this combo box.
-        if (HWND frame = GetParent(GetParent(combo)))
-            OnNameChange(frame);
-    }
-    return result;
-}
-
 void WatchNameCombo(HWND frame)
 {
-    if (GetDlgItem(frame, kNameEdit) != nullptr)
-        return;  // edt1 tells the frame itself
-    HWND outer = GetDlgItem(frame, kNameCombo);
-    HWND combo = outer != nullptr ? FindWindowExA(outer, nullptr, "ComboBox", nullptr) : nullptr;
-    if (combo == nullptr)
-        return;
-    g_nameCombo = combo;
-    g_nameComboProc = reinterpret_cast<WNDPROC>(
-        SetWindowLongPtrA(combo, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(NameComboProc)));
+    WatchFileNameBox(frame, OnNameChange);
 }
 
 void UnwatchNameCombo()
 {
-    if (g_nameCombo != nullptr && IsWindow(g_nameCombo))
-        SetWindowLongPtrA(g_nameCombo, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(g_nameComboProc));
-    g_nameCombo = nullptr;
-    g_nameComboProc = nullptr;
-}
-
-// The child template is laid out for the narrow dialog of older systems;
-// where the system dialog is wider, the two buttons line up under its own
-// column of buttons, as a user expects.
-void AlignButtons(HWND frame, HWND child)
-{
-    HWND ok = GetDlgItem(frame, IDOK);
-    RECT okRect, childRect;
-    if (ok == nullptr || !GetWindowRect(ok, &okRect) || !GetClientRect(child, &childRect))
-        return;
-    MapWindowPoints(nullptr, child, reinterpret_cast<POINT*>(&okRect), 2);
-    static const int kButtons[] = {IDC_SAVE_OPTIONS, IDC_SAVE_TARGETAPP};
-    for (int id : kButtons) {
-        HWND button = GetDlgItem(child, id);
-        RECT r;
-        if (button == nullptr || !GetWindowRect(button, &r))
-            continue;
-        MapWindowPoints(nullptr, child, reinterpret_cast<POINT*>(&r), 2);
-        int width = r.right - r.left;
-        if (okRect.right > width && okRect.right <= childRect.right && okRect.right > r.right)
-            SetWindowPos(button, nullptr, okRect.right - width, r.top, 0, 0, SWP_NOSIZE | SWP_NOZORDER);
-    }
+    UnwatchFileNameBox();
 }
 
 void OnInitDone(HWND child)
@@ -351,7 +292,8 @@ void OnInitDone(HWND child)
         DestroyWindow(box);
     }
     EnableWindow(GetDlgItem(child, IDC_SAVE_OPTIONS), TRUE);
-    AlignButtons(frame, child);
+    static const int kButtons[] = {IDC_SAVE_OPTIONS, IDC_SAVE_TARGETAPP};
+    AlignWithOkButton(frame, child, kButtons, 2);
     SetForegroundWindow(frame);
 }
 

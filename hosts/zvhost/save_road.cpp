@@ -23,6 +23,8 @@ OKAMOD* g_formats = nullptr;
 Dewey* g_image = nullptr;
 Huey* g_view = nullptr;
 char g_imagePath[ZV_SAVE_PATH_SIZE];
+// The open dialog's list of a multiple selection.
+constexpr size_t kOpenListSize = 25860;
 
 const char* ExtensionOf(const char* path)
 {
@@ -67,19 +69,41 @@ void ShowTitle(HWND window)
     SetWindowTextA(window, title);
 }
 
+// File > Open: the library's open dialog, with the source options of each
+// format one button away. Several chosen files are opened one after the
+// other; the last one stays in the window.
 void OpenImage(HWND window)
 {
-    char path[ZV_SAVE_PATH_SIZE] = {};
-    OPENFILENAMEA ofn = {};
-    ofn.lStructSize = sizeof ofn;
-    ofn.hwndOwner = window;
-    ofn.lpstrFilter = "Images\0*.bmp;*.png;*.jpg;*.gif;*.tif;*.ico;*.wmf;*.emf\0All files\0*.*\0";
-    ofn.lpstrFile = path;
-    ofn.nMaxFile = sizeof path;
-    ofn.Flags = OFN_FILEMUSTEXIST | OFN_HIDEREADONLY | OFN_EXPLORER;
-    if (!GetOpenFileNameA(&ofn))
+    EnsureSuite();
+    static char list[kOpenListSize];
+    list[0] = '\0';
+    if (!DoOpenDlg(window, g_tags, const_cast<char*>("Zavrin PRO"), nullptr, g_formats, list, nullptr, 1))
         return;
-    OpenImageFile(window, path);
+    const char* first = list;
+    const char* name = first + strlen(first) + 1;
+    if (*name == '\0') {
+        OpenImageFile(window, first);
+        return;
+    }
+    for (; *name != '\0'; name += strlen(name) + 1) {
+        char path[ZV_SAVE_PATH_SIZE];
+        std::snprintf(path, sizeof path, "%s\\%s", first, name);
+        if (OpenImageFile(window, path))
+            UpdateWindow(window);
+    }
+}
+
+// The name of the format of the file, as the registry gives it, for a
+// message the user can act on.
+void DescribeFormat(const char* path, char* out, size_t size)
+{
+    EnsureSuite();
+    const char* ext = ExtensionOf(path);
+    const char* name = ZvGetName(g_formats, ZvGetIndex(g_formats, ext));
+    if (name != nullptr && name[0] != '\0')
+        std::snprintf(out, size, "%s (%s)", name, ext);
+    else
+        std::snprintf(out, size, "files of the extension \"%s\"", ext);
 }
 
 // The conversion the save dialog prepared: the options that aren't
@@ -145,8 +169,11 @@ bool OpenImageFile(HWND window, const char* path)
     short result = image->Open(full);
     if (result != 0) {
         delete image;
-        char detail[700];
-        std::snprintf(detail, sizeof detail, "%s\nengine code %d", full, result);
+        char format[300];
+        DescribeFormat(full, format, sizeof format);
+        char detail[1100];
+        std::snprintf(detail, sizeof detail, "%s\nThe engine could not read it as %s (engine code %d).", full,
+                      format, result);
         Report(window, "The image could not be opened.", detail);
         return false;
     }
