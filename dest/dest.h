@@ -54,6 +54,8 @@ constexpr unsigned long kOutputPagesHelp = 1400;
 // open the pages' topic, a right click the control's pop-up. True, with the
 // page's answer, for a message it took.
 bool AnswerOutputPageHelp(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* answer);
+// The same for any page with its own topic.
+bool AnswerPageHelp(UINT message, WPARAM wParam, LPARAM lParam, unsigned long topic, LRESULT* answer);
 
 // --- The pages. Each does all its work in WindowProc; OnOK and OnCancel
 // are the base's.

@@ -1,0 +1,19 @@
+// The image adjustment pages. Each does all its work in WindowProc; with
+// operation 0 its OnOK changes the host's image as the page's tags say, and
+// with any other operation the change stays in the tags.
+#pragma once
+
+#include <windows.h>
+
+#include "toolkit.h"
+
+// "Rotation Options": an angle in whole degrees, counted clockwise, and two
+// flips, with a dial and a live thumbnail.
+class CRotatePropPage : public CPropertyPage {
+public:
+    CRotatePropPage();
+    ~CRotatePropPage() override;  // frees the thumbnails
+    LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam) override;
+    void OnOK() override;
+    void OnCancel() override;
+};
