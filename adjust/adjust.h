@@ -17,3 +17,15 @@ public:
     void OnOK() override;
     void OnCancel() override;
 };
+
+// "Contrast and Brightness": contrast, brightness and gamma from -100 to
+// 100, or histogram equalisation in their place; a live thumbnail with an
+// image, the intensity curve of the three values without one.
+class CAdjColorsPropPage : public CPropertyPage {
+public:
+    CAdjColorsPropPage();
+    ~CAdjColorsPropPage() override;  // frees the thumbnails
+    LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam) override;
+    void OnOK() override;
+    void OnCancel() override;
+};

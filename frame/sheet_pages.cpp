@@ -15,13 +15,13 @@ CPropertyPage* PageOf(SheetPages& pages, zv::SheetPage kind)
     case zv::SheetPage::kRasterOut: return &pages.rasterOut;
     case zv::SheetPage::kVectorOut: return &pages.vectorOut;
     case zv::SheetPage::kRotate: return &pages.rotate;
+    case zv::SheetPage::kAdjColors: return &pages.adjColors;
     case zv::SheetPage::kEpsOut:
     case zv::SheetPage::kGifOut:
     case zv::SheetPage::kIcoOut:
     case zv::SheetPage::kJpgOut:
     case zv::SheetPage::kTifOut:
     case zv::SheetPage::kFaxOut:
-    case zv::SheetPage::kAdjColors:
     case zv::SheetPage::kEditColors:
     case zv::SheetPage::kNumColors:
     case zv::SheetPage::kTrace:

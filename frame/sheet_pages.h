@@ -20,6 +20,7 @@ struct SheetPages {
     CVectorOutPropPage vectorOut;
     CEntityOutPropPage entityOut;
     CRotatePropPage rotate;
+    CAdjColorsPropPage adjColors;
 };
 
 // The page object of a kind, or null for a kind without a page class.

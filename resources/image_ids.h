@@ -20,3 +20,27 @@
 #define IDC_ROT_AT_90 1813
 #define IDC_ROT_AT_180 1814
 #define IDC_ROT_AT_270 1815
+
+#define IDD_ADJ_COLORS 204
+
+// The contrast and brightness page: three bars with their numbers, the
+// equalise box, and either the intensity curve (1610 to 1615) or the
+// thumbnail (1616, 1617).
+#define IDC_ADJ_CONTRAST_LABEL 1600
+#define IDC_ADJ_CONTRAST 1601
+#define IDC_ADJ_CONTRAST_EDIT 1602
+#define IDC_ADJ_BRIGHT_LABEL 1603
+#define IDC_ADJ_BRIGHT 1604
+#define IDC_ADJ_BRIGHT_EDIT 1605
+#define IDC_ADJ_GAMMA_LABEL 1606
+#define IDC_ADJ_GAMMA 1607
+#define IDC_ADJ_GAMMA_EDIT 1608
+#define IDC_ADJ_HIST 1609
+#define IDC_ADJ_CURVE 1610
+#define IDC_ADJ_CURVE_IN 1611
+#define IDC_ADJ_CURVE_O 1612
+#define IDC_ADJ_CURVE_U 1613
+#define IDC_ADJ_CURVE_T 1614
+#define IDC_ADJ_CURVE_TITLE 1615
+#define IDC_ADJ_PREVIEW 1616
+#define IDC_ADJ_PREVIEW_FRAME 1617

@@ -1,45 +1,13 @@
 // The rotation page driven as a user drives it: the thumbnail after a dial
 // turn is the engine's turn of the pristine thumbnail, and OK with
 // operation 0 turns the host's image as DoOptions turns a fresh copy.
-#include <gtest/gtest.h>
+#include "image_page_test.h"
 
-#include "core_win.h"
-#include "dialog_driver.h"
-#include "engine_test_support.h"
-#include "frame.h"
-#include "image_ids.h"
-#include "okaio32.h"
-#include "okamod32.h"
-#include "ravicli.h"
-#include "zvopt32.h"
-#include "zvwio32.h"
-
-using zvtest::DialogDriver;
+using namespace imagepages;
 
 namespace {
 
-class RotatePage : public ::testing::Test {
-protected:
-    void SetUp() override { ASSERT_EQ(enginetest::MakeQuadrants(image, 64, 48), 0); }
-
-    int Run(short operation)
-    {
-        return static_cast<int>(d.Run([&] {
-            return static_cast<INT_PTR>(
-                DoRotateDlg(nullptr, &tags, "Zavrin", nullptr, &formats, "BMP", "BMP", operation, &image));
-        }));
-    }
-    std::string Tag(const char* key)
-    {
-        const char* value = ZvGetTag(&tags, key);
-        return value ? value : "";
-    }
-
-    TagSet tags;
-    OKAMOD formats{nullptr};
-    Dewey image;
-    DialogDriver d;
-};
+class RotatePage : public ImagePageTest {};
 
 // Where on the screen a control's centre is, moved by dx, dy.
 POINT Around(HWND page, int id, int dx, int dy)
@@ -60,14 +28,7 @@ void ClickPageAt(HWND page, POINT at)
 
 bool ThumbnailIsTheBaseTurned(short engineAngle, short flipV, short flipH)
 {
-    OptionContext* o = CurrentOptionContext();
-    if (o->previewDewey == nullptr || o->previewBase == nullptr)
-        return false;
-    Dewey* fresh = new Dewey;
-    bool same = DoClone(o->previewBase, &fresh) == 0 && fresh->Rotate(engineAngle, flipV, flipH) == 0 &&
-                enginetest::DibBytes(fresh) == enginetest::DibBytes(o->previewDewey);
-    delete fresh;
-    return same;
+    return ThumbnailIs([=](Dewey& fresh) { fresh.Rotate(engineAngle, flipV, flipH); });
 }
 
 TEST_F(RotatePage, TheDialAndItsLabelsTurnTheThumbnailAsTheEngineTurnsTheBase)
@@ -96,7 +57,7 @@ TEST_F(RotatePage, TheDialAndItsLabelsTurnTheThumbnailAsTheEngineTurnsTheBase)
     d.WaitUntil("the thumbnail turned by 90 and flipped", [] { return ThumbnailIsTheBaseTurned(270, 0, 1); });
     d.Screenshot("rotate_page");
     d.PressCancel();
-    EXPECT_EQ(Run(2), 0);
+    EXPECT_EQ(Run(DoRotateDlg, 2), 0);
     EXPECT_EQ(enginetest::Shape(image), "64 x 48, 24") << "Cancel leaves the image";
 }
 
@@ -106,25 +67,14 @@ TEST_F(RotatePage, OkWithOperationZeroTurnsTheImageAsDoOptionsTurnsACopy)
     // messages run, so the next step may come while typing goes on: it
     // waits for the folded text rather than looking once.
     d.WaitControl(IDC_ROT_ANGLE).Type(IDC_ROT_ANGLE, "450");
-    d.Step("450 folded to 90", [](DialogDriver&, HWND sheet) {
-        HWND field = DialogDriver::FindControl(sheet, IDC_ROT_ANGLE);
-        if (field != nullptr && DialogDriver::TextOf(field) == "90")
-            return DialogDriver::Result{DialogDriver::Outcome::Done, {}};
-        return DialogDriver::Result{DialogDriver::Outcome::Retry, "the field shows " + DialogDriver::TextOf(field)};
-    });
+    WaitText(d, IDC_ROT_ANGLE, "90");
     d.SetCheck(IDC_ROT_FLIPV, true).PressOk();
-    EXPECT_EQ(Run(0), 1);
+    EXPECT_EQ(Run(DoRotateDlg, 0), 1);
     EXPECT_EQ(Tag("~~~ROT"), "");
     EXPECT_EQ(Tag("BMP~~~FLIPV"), "");
 
-    Dewey copy;
-    ASSERT_EQ(enginetest::MakeQuadrants(copy, 64, 48), 0);
-    TagSet stored;
-    ZvSetTag(&stored, "BMPROT", "90");
-    ZvSetTag(&stored, "BMPBMPFLIPV", "ON");
-    ASSERT_EQ(DoOptions(&copy, &stored, "BMP", "BMP", &formats), 0);
     EXPECT_EQ(enginetest::Shape(image), "48 x 64, 24");
-    EXPECT_EQ(enginetest::DibBytes(&image), enginetest::DibBytes(&copy));
+    ExpectImageIsDoOptionsOf({{"BMPROT", "90"}, {"BMPBMPFLIPV", "ON"}});
 }
 
 TEST_F(RotatePage, OtherOperationsKeepTheTurnInTheTagsAndLeaveTheImage)
@@ -133,7 +83,7 @@ TEST_F(RotatePage, OtherOperationsKeepTheTurnInTheTagsAndLeaveTheImage)
     ZvSetTag(&tags, "BMPROT", "45.7");
     d.WaitControl(IDC_ROT_ANGLE).ExpectText(IDC_ROT_ANGLE, "45");
     d.Click(IDC_ROT_SPIN_UP).ExpectText(IDC_ROT_ANGLE, "46").PressOk();
-    EXPECT_EQ(Run(3), 1);
+    EXPECT_EQ(Run(DoRotateDlg, 3), 1);
     EXPECT_EQ(std::stod(Tag("BMPROT")), 46.0);
     EXPECT_EQ(enginetest::Shape(image), "64 x 48, 24");
 }
