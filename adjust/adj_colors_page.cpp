@@ -5,6 +5,7 @@
 // intensity curve of the three values instead.
 #include "adjust.h"
 
+#include <initializer_list>
 #include <algorithm>
 #include <cmath>
 

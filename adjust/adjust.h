@@ -29,3 +29,15 @@ public:
     void OnOK() override;
     void OnCancel() override;
 };
+
+// "Reduce/Expand Colors": the depth of the output as a number of colours,
+// the reduction method, the screen frequency of halftoning and palette
+// optimisation. The depth tag holds the list's form while the page is open.
+class CNumColorsPropPage : public CPropertyPage {
+public:
+    CNumColorsPropPage();
+    ~CNumColorsPropPage() override;
+    LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam) override;
+    void OnOK() override;
+    void OnCancel() override;
+};

@@ -16,6 +16,7 @@ CPropertyPage* PageOf(SheetPages& pages, zv::SheetPage kind)
     case zv::SheetPage::kVectorOut: return &pages.vectorOut;
     case zv::SheetPage::kRotate: return &pages.rotate;
     case zv::SheetPage::kAdjColors: return &pages.adjColors;
+    case zv::SheetPage::kNumColors: return &pages.numColors;
     case zv::SheetPage::kEpsOut:
     case zv::SheetPage::kGifOut:
     case zv::SheetPage::kIcoOut:
@@ -23,7 +24,6 @@ CPropertyPage* PageOf(SheetPages& pages, zv::SheetPage kind)
     case zv::SheetPage::kTifOut:
     case zv::SheetPage::kFaxOut:
     case zv::SheetPage::kEditColors:
-    case zv::SheetPage::kNumColors:
     case zv::SheetPage::kTrace:
     case zv::SheetPage::kPrintPos:
     case zv::SheetPage::kResize:

@@ -21,6 +21,7 @@ struct SheetPages {
     CEntityOutPropPage entityOut;
     CRotatePropPage rotate;
     CAdjColorsPropPage adjColors;
+    CNumColorsPropPage numColors;
 };
 
 // The page object of a kind, or null for a kind without a page class.

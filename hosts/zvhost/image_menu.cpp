@@ -25,6 +25,7 @@ struct Item {
 const Item kItems[] = {
     {200, "&Adjust Colours...", DoAdjColorsDlg},
     {201, "&Rotate...", DoRotateDlg},
+    {202, "&Number of Colours...", DoNumColorsDlg},
 };
 
 const char* ExtensionOf(const char* path)
