@@ -102,3 +102,19 @@ private:
     void InitPage();
     zv::OutputSizeState* m_state;
 };
+
+// "Resize Options": the size logic on a page of its own for the image in
+// hand, with the two modes that fit the display; OK resizes the image.
+class CResizePropPage : public CPropertyPage {
+public:
+    CResizePropPage();
+    ~CResizePropPage() override;
+    LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam) override;
+    void OnOK() override;
+    void OnCancel() override;
+
+private:
+    void InitPage();
+    void FitDisplay(bool widthOnly);
+    zv::OutputSizeState* m_state;
+};

@@ -17,6 +17,7 @@ CPropertyPage* PageOf(SheetPages& pages, zv::SheetPage kind)
     case zv::SheetPage::kRotate: return &pages.rotate;
     case zv::SheetPage::kAdjColors: return &pages.adjColors;
     case zv::SheetPage::kNumColors: return &pages.numColors;
+    case zv::SheetPage::kResize: return &pages.resize;
     case zv::SheetPage::kEpsOut:
     case zv::SheetPage::kGifOut:
     case zv::SheetPage::kIcoOut:
@@ -26,7 +27,6 @@ CPropertyPage* PageOf(SheetPages& pages, zv::SheetPage kind)
     case zv::SheetPage::kEditColors:
     case zv::SheetPage::kTrace:
     case zv::SheetPage::kPrintPos:
-    case zv::SheetPage::kResize:
     case zv::SheetPage::kInfo:
         break;
     }

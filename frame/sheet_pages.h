@@ -22,6 +22,7 @@ struct SheetPages {
     CRotatePropPage rotate;
     CAdjColorsPropPage adjColors;
     CNumColorsPropPage numColors;
+    CResizePropPage resize;
 };
 
 // The page object of a kind, or null for a kind without a page class.
