@@ -54,6 +54,8 @@ constexpr unsigned long kOutputPagesHelp = 1400;
 // open the pages' topic, a right click the control's pop-up. True, with the
 // page's answer, for a message it took.
 bool AnswerOutputPageHelp(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* answer);
+// The same for any page with its own topic.
+bool AnswerPageHelp(UINT message, WPARAM wParam, LPARAM lParam, unsigned long topic, LRESULT* answer);
 
 // --- The pages. Each does all its work in WindowProc; OnOK and OnCancel
 // are the base's.
@@ -98,5 +100,21 @@ public:
 
 private:
     void InitPage();
+    zv::OutputSizeState* m_state;
+};
+
+// "Resize Options": the size logic on a page of its own for the image in
+// hand, with the two modes that fit the display; OK resizes the image.
+class CResizePropPage : public CPropertyPage {
+public:
+    CResizePropPage();
+    ~CResizePropPage() override;
+    LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam) override;
+    void OnOK() override;
+    void OnCancel() override;
+
+private:
+    void InitPage();
+    void FitDisplay(bool widthOnly);
     zv::OutputSizeState* m_state;
 };

@@ -644,15 +644,20 @@ void ReportPageOutOfMemory(HWND dialog)
 
 bool AnswerOutputPageHelp(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* answer)
 {
+    return AnswerPageHelp(message, wParam, lParam, kOutputPagesHelp, answer);
+}
+
+bool AnswerPageHelp(UINT message, WPARAM wParam, LPARAM lParam, unsigned long topic, LRESULT* answer)
+{
     switch (message) {
     case WM_NOTIFY:
         if (reinterpret_cast<const NMHDR*>(lParam)->code != PSN_HELP)
             return false;
-        ShowContextHelp(WM_COMMAND, MAKEWPARAM(IDHELP, 0), kOutputPagesHelp);
+        ShowContextHelp(WM_COMMAND, MAKEWPARAM(IDHELP, 0), topic);
         *answer = 0;
         return true;
     case WM_HELP:
-        ShowContextHelp(WM_COMMAND, MAKEWPARAM(IDHELP, 0), kOutputPagesHelp);
+        ShowContextHelp(WM_COMMAND, MAKEWPARAM(IDHELP, 0), topic);
         *answer = TRUE;
         return true;
     case WM_CONTEXTMENU:

@@ -14,19 +14,19 @@ CPropertyPage* PageOf(SheetPages& pages, zv::SheetPage kind)
     case zv::SheetPage::kEntityOut: return &pages.entityOut;
     case zv::SheetPage::kRasterOut: return &pages.rasterOut;
     case zv::SheetPage::kVectorOut: return &pages.vectorOut;
+    case zv::SheetPage::kRotate: return &pages.rotate;
+    case zv::SheetPage::kAdjColors: return &pages.adjColors;
+    case zv::SheetPage::kNumColors: return &pages.numColors;
+    case zv::SheetPage::kResize: return &pages.resize;
     case zv::SheetPage::kEpsOut:
     case zv::SheetPage::kGifOut:
     case zv::SheetPage::kIcoOut:
     case zv::SheetPage::kJpgOut:
     case zv::SheetPage::kTifOut:
     case zv::SheetPage::kFaxOut:
-    case zv::SheetPage::kRotate:
-    case zv::SheetPage::kAdjColors:
     case zv::SheetPage::kEditColors:
-    case zv::SheetPage::kNumColors:
     case zv::SheetPage::kTrace:
     case zv::SheetPage::kPrintPos:
-    case zv::SheetPage::kResize:
     case zv::SheetPage::kInfo:
         break;
     }

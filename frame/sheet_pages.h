@@ -7,6 +7,7 @@
 // in this library is left out of its sheet.
 #pragma once
 
+#include "adjust.h"
 #include "dest.h"
 #include "sheet_plan.h"
 #include "toolkit.h"
@@ -18,6 +19,10 @@ struct SheetPages {
     CRasterOutPropPage rasterOut;
     CVectorOutPropPage vectorOut;
     CEntityOutPropPage entityOut;
+    CRotatePropPage rotate;
+    CAdjColorsPropPage adjColors;
+    CNumColorsPropPage numColors;
+    CResizePropPage resize;
 };
 
 // The page object of a kind, or null for a kind without a page class.

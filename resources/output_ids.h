@@ -7,6 +7,7 @@
 #define IDD_RASTER_OUT 200
 #define IDD_VECTOR_OUT 201
 #define IDD_ENTITY_OUT 228
+#define IDD_RESIZE 222
 
 // Size, units and resolution.
 #define IDC_OUT_FLAVOR 1500

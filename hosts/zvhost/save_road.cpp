@@ -254,3 +254,25 @@ void CloseFileMenu()
     g_tags = nullptr;
     g_formats = nullptr;
 }
+
+Dewey* ImageInHand()
+{
+    return g_image;
+}
+
+const char* ImagePathInHand()
+{
+    return g_imagePath;
+}
+
+TagSet* HostTags()
+{
+    EnsureSuite();
+    return g_tags;
+}
+
+OKAMOD* HostFormats()
+{
+    EnsureSuite();
+    return g_formats;
+}

@@ -4,6 +4,10 @@
 
 #include <windows.h>
 
+class Dewey;
+class TagSet;
+class OKAMOD;
+
 // Adds "Open..." and "Save As..." to the window's menu bar.
 void AddFileMenu(HWND window);
 // Opens the image file at path (relative to the current folder or full),
@@ -16,3 +20,10 @@ bool OnFileCommand(HWND window, WORD command);
 void PaintImage(HWND window, HDC dc);
 // Frees the image and the tags.
 void CloseFileMenu();
+
+// What the other menus work on: the image in hand (null when none), the
+// path it came from, and the host's tags and registry, made on first use.
+Dewey* ImageInHand();
+const char* ImagePathInHand();
+TagSet* HostTags();
+OKAMOD* HostFormats();

@@ -11,6 +11,7 @@
 #include <cstring>
 #include <iterator>
 
+#include "image_menu.h"
 #include "save_road.h"
 
 namespace {
@@ -56,6 +57,8 @@ LRESULT CALLBACK HostWindowProc(HWND window, UINT message, WPARAM wParam, LPARAM
         return 0;
     case WM_COMMAND:
         if (OnFileCommand(window, LOWORD(wParam)))
+            return 0;
+        if (OnImageCommand(window, LOWORD(wParam)))
             return 0;
         break;
     case WM_PAINT: {
@@ -118,6 +121,7 @@ int WINAPI WinMain(HINSTANCE instance, HINSTANCE, LPSTR commandLine, int show)
     if (!window)
         return 1;
     AddFileMenu(window);
+    AddImageMenu(window);
     ShowWindow(window, show);
     UpdateWindow(window);
     std::printf("window \"%s\" shown\n", kTitle);

@@ -228,7 +228,9 @@ short Dewey::Rotate(short angle, short flipV, short flipH)
     // so that its top left corner is the origin, then flipped in place.
     long w = 0, h = 0;
     ravi::MetafileInfo(state.emf, &w, &h, nullptr, nullptr);
-    double radians = (angle % 360) * 3.14159265358979323846 / 180.0;
+    // The angle counts counter-clockwise; with y growing downward the
+    // transform below turns clockwise by its own angle, so it gets the negative.
+    double radians = -(angle % 360) * 3.14159265358979323846 / 180.0;
     double c = std::cos(radians), s = std::sin(radians);
     if (angle % 90 == 0) {
         c = std::round(c);

@@ -75,7 +75,7 @@ public:
     short Blackize();
     short Equalize();
     short Gamma(short contrast, short bright, short gamma);  // each -100 to 100
-    short Rotate(short angle, short flipV, short flipH);    // clockwise degrees
+    short Rotate(short angle, short flipV, short flipH);    // counter-clockwise degrees
     short Resize(long width, long height, short smooth);
     short Rasterize(long width, long height, short bits);
     short Reduce(short depth, short method, short optimisePalette, long screen);

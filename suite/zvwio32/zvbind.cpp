@@ -271,6 +271,9 @@ ZVWIO32_API void DisplayTrackBarTag(HWND dialog, int trackBar, int edit, const c
         // 16-bit halves, which a negative minimum doesn't survive.
         SendMessageA(bar, TBM_SETRANGEMIN, FALSE, min);
         SendMessageA(bar, TBM_SETRANGEMAX, TRUE, max);
+        // Some bars place the thumb anew only when the position changes, not
+        // when the range does: the position moves off and back.
+        SendMessageA(bar, TBM_SETPOS, TRUE, value == min ? max : min);
         SendMessageA(bar, TBM_SETPOS, TRUE, value);
         SetPropA(bar, kTrackEditProp, reinterpret_cast<HANDLE>(static_cast<INT_PTR>(edit)));
     }

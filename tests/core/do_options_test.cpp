@@ -119,6 +119,32 @@ TEST_F(Conversion, TheScriptTextIsTheScriptThatRuns)
     delete byCalls;
 }
 
+// A stored angle counts clockwise. The pictures written here are read by an
+// independent tool in rotation_against_imagemagick.sh, which runs this test
+// with ZV_ROTATION_FILES naming a folder; without it they go to the
+// temporary folder and only their shape is checked.
+TEST_F(Conversion, AStoredAngleOfAnySignTurnsThePicture)
+{
+    char folder[MAX_PATH] = {};
+    if (GetEnvironmentVariableA("ZV_ROTATION_FILES", folder, sizeof folder) == 0)
+        lstrcpynA(folder, temp.folder, sizeof folder);
+    const std::string base = std::string(folder) + "\\";
+    ASSERT_EQ(image->Save((base + "source.bmp").c_str()), 0);
+    // -90 reaches the engine as "Rotate 450", which must turn, not fail.
+    for (const char* angle : {"90", "-90"}) {
+        Dewey* turned = coretest::PatternImage(64, 48, 24);
+        tags.Set("PNGROT", angle);
+        ASSERT_EQ(DoOptions(turned, tags.tags, "BMP", "PNG", formats), 0) << angle;
+        EXPECT_EQ(enginetest::Shape(*turned), "48 x 64, 24");
+        EXPECT_EQ(turned->Save((base + "turned" + angle + ".bmp").c_str()), 0);
+        delete turned;
+    }
+    if (lstrcmpiA(folder, temp.folder) == 0) {
+        for (const char* name : {"source.bmp", "turned90.bmp", "turned-90.bmp"})
+            DeleteFileA((base + name).c_str());
+    }
+}
+
 TEST_F(Conversion, AnEngineRefusalComesBackAndTheFileStillGoes)
 {
     // A raster source to a metafile forced to vector asks for tracing,

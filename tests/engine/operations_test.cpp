@@ -43,9 +43,10 @@ TEST(Operations, VectorsTakeColourAndGeometryAndBecomeRasters)
     ASSERT_EQ(document.Rasterize(20, 40, 8), 0);
     EXPECT_TRUE(document.IsRaster());
     EXPECT_EQ(Shape(document), "20 x 40, 8");
-    // Red turned to cyan and went to the top; blue turned to yellow below.
-    EXPECT_TRUE(Near(Rgb(document, 10, 5), 0x00FFFF, 24)) << std::hex << Rgb(document, 10, 5);
-    EXPECT_TRUE(Near(Rgb(document, 10, 35), 0xFFFF00, 24)) << std::hex << Rgb(document, 10, 35);
+    // Red turned to cyan and, turning counter-clockwise, went from the left
+    // to the bottom; blue turned to yellow above.
+    EXPECT_TRUE(Near(Rgb(document, 10, 35), 0x00FFFF, 24)) << std::hex << Rgb(document, 10, 35);
+    EXPECT_TRUE(Near(Rgb(document, 10, 5), 0xFFFF00, 24)) << std::hex << Rgb(document, 10, 5);
     // Rasterizing is one change: undo gives the vector back.
     ASSERT_EQ(document.UndoRedo(), 0);
     EXPECT_FALSE(document.IsRaster());

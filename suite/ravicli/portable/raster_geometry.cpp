@@ -225,7 +225,8 @@ short Rotate(Image& image, int angle, int flipV, int flipH, uint32_t background)
         return kEngineNoImage;
     if ((flipV != 0 && flipV != 1) || (flipH != 0 && flipH != 1) || background > 0xFFFFFF)
         return kEngineBadArgument;
-    const int a = ((angle % 360) + 360) % 360;
+    // The helpers below turn clockwise; the caller's angle counts the other way.
+    const int a = ((-(angle % 360)) + 360) % 360;
     short rc = kEngineOk;
     if (a == 180) {
         // Half a turn is both flips.

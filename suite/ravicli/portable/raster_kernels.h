@@ -42,8 +42,8 @@ short Gamma(Image& image, int contrast, int bright, int gamma);
 // curve the pixels go through. Values outside -100..100 are clamped.
 void GammaTable(int contrast, int bright, int gamma, uint8_t table[256]);
 
-// Turns the image clockwise by a whole number of degrees (any value, taken
-// modulo 360), then flips it top to bottom when flipV is 1 and left to
+// Turns the image counter-clockwise by a whole number of degrees (any value,
+// taken modulo 360): the script gives 360 minus the user's clockwise angle. Then flips it top to bottom when flipV is 1 and left to
 // right when flipH is 1. Multiples of 90 are exact on every depth. Other
 // angles resample bilinearly onto a canvas grown to hold the whole turned
 // image; the corners take `background` (0x00RRGGBB). Palette images then
@@ -95,8 +95,8 @@ short ChangeColor(Image& image, uint32_t fromColorRef, uint32_t toColorRef);
 // the nearest colour of the depth's fixed palette.
 short ConvertDepth(Image& image, int bits);
 
-// The canvas that holds an image of w x h turned by `angle` degrees
-// clockwise: exact for multiples of 90, the rounded bounding box otherwise.
+// The canvas that holds an image of w x h turned by `angle` degrees either
+// way: exact for multiples of 90, the rounded bounding box otherwise.
 void RotatedSize(int32_t w, int32_t h, int angle, int32_t* outW, int32_t* outH);
 
 }  // namespace ravi

@@ -27,7 +27,7 @@ const CommandSpec kCommands[] = {
     {"Grayize", ScriptOp::Grayize, 0, {}},
     {"Gamma", ScriptOp::Gamma, 3, {{-100, 100}, {-100, 100}, {-100, 100}}},
     {"Invert", ScriptOp::Invert, 0, {}},
-    {"Rotate", ScriptOp::Rotate, 3, {{-360, 360}, {0, 1}, {0, 1}}},
+    {"Rotate", ScriptOp::Rotate, 3, {{0, 359}, {0, 1}, {0, 1}}},
     {"Rasterize", ScriptOp::Rasterize, 3, {{1, 32767}, {1, 32767}, {1, 32}}},
     {"Resize", ScriptOp::Resize, 3, {{1, 32767}, {1, 32767}, {0, 1}}},
     {"Equalize", ScriptOp::Equalize, 0, {}},
@@ -35,6 +35,13 @@ const CommandSpec kCommands[] = {
     {"PrepRaster", ScriptOp::PrepRaster, 3, {{0, 3}, {0, 3}, {2, 256}}},
     {"Vectorize", ScriptOp::Vectorize, 6, {{0, 1}, {0, 16}, {0, 1}, {0, 1}, {0, 10}, {0, 0}}},
 };
+
+// An angle may be any whole number of degrees: a stored angle of -90 comes
+// to the engine as 450, and only its place on the circle counts.
+bool IsAngle(const CommandSpec& spec, int arg)
+{
+    return spec.op == ScriptOp::Rotate && arg == 0;
+}
 
 // Checks that are not a plain range: the depths an image can have.
 bool ValuesFit(const CommandSpec& spec, const int32_t* args)
@@ -121,6 +128,8 @@ short ParseLine(const uint8_t* p, size_t n, ScriptCommand* cmd)
         short rc = ParseNumber(p + start, end - start, &v);
         if (rc != kEngineOk)
             return rc;
+        if (IsAngle(*spec, a))
+            v = ((v % 360) + 360) % 360;
         if (v < spec->ranges[a].low || v > spec->ranges[a].high)
             return kScriptOutOfRange;
         cmd->args[a] = int32_t(v);

@@ -22,7 +22,7 @@ enum class ScriptOp : uint8_t {
     Grayize,      // no arguments
     Gamma,        // contrast bright gamma: each -100..100
     Invert,       // no arguments
-    Rotate,       // angle -360..360 (clockwise), flipV 0..1, flipH 0..1
+    Rotate,       // angle any whole number, kept as 0..359 counter-clockwise; flipV 0..1, flipH 0..1
     Rasterize,    // width 1..32767, height 1..32767, bits 1, 4, 8, 24 or 32
     Resize,       // width 1..32767, height 1..32767, smooth 0..1
     Equalize,     // no arguments

@@ -38,8 +38,9 @@ TEST(Rotate, QuarterTurnsAndFlipsMoveAPixelExactly)
         int32_t w, h, x, y;  // size and mark after, for a mark at (1, 0) of 5 x 3
     };
     const Case cases[] = {
-        {90, 0, 0, 3, 5, 2, 1}, {180, 0, 0, 5, 3, 3, 2}, {-90, 0, 0, 3, 5, 0, 3},
-        {0, 1, 0, 5, 3, 1, 2},  {0, 0, 1, 5, 3, 3, 0},   {90, 0, 1, 3, 5, 0, 1},
+        // Angles count counter-clockwise: 90 takes the top row to the left column.
+        {90, 0, 0, 3, 5, 0, 3}, {180, 0, 0, 5, 3, 3, 2}, {-90, 0, 0, 3, 5, 2, 1},
+        {0, 1, 0, 5, 3, 1, 2},  {0, 0, 1, 5, 3, 3, 0},   {90, 0, 1, 3, 5, 2, 3},
     };
     for (int bits : test::kDepths) {
         for (const Case& c : cases) {

@@ -72,3 +72,14 @@ TEST(ScriptParser, RangesIncludeTheirEnds)
     EXPECT_EQ(p.code, 0);
     EXPECT_EQ(p.commands.size(), 6u);
 }
+
+TEST(ScriptParser, TakesAnyWholeAngleAsItsPlaceOnTheCircle)
+{
+    // 450 is what a stored angle of -90 gives; the far one is what a huge tag gives.
+    ScriptParse p = Parse("Rotate 450 0 0\n\rRotate -90 0 0\n\rRotate 360 0 0\n\rRotate -2147483288 0 0\n\r");
+    ASSERT_EQ(p.code, 0);
+    ASSERT_EQ(p.commands.size(), 4u);
+    const int32_t expected[] = {90, 270, 0, 232};
+    for (size_t i = 0; i < 4; ++i)
+        EXPECT_EQ(p.commands[i].args[0], expected[i]) << i;
+}
