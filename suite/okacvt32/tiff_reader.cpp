@@ -31,11 +31,10 @@ private:
     bool big_;
 };
 
-// Decodes up to kMaxValuesKept values of an entry from their bytes.
-void DecodeValues(const ByteOrder& order, const uint8_t* bytes, TiffEntry* entry)
+// Decodes up to kept values of an entry from their bytes.
+void DecodeValues(const ByteOrder& order, const uint8_t* bytes, std::size_t kept, TiffEntry* entry)
 {
     unsigned size = TiffTypeSize(entry->type);
-    std::size_t kept = std::min<std::size_t>(entry->count, kMaxValuesKept);
     entry->allValuesKept = kept == entry->count;
     if (entry->type == kAscii) {
         const char* text = reinterpret_cast<const char*>(bytes);
@@ -65,7 +64,8 @@ void DecodeValues(const ByteOrder& order, const uint8_t* bytes, TiffEntry* entry
     }
 }
 
-TiffStatus ReadEntry(TiffSource& source, const ByteOrder& order, const uint8_t* raw, TiffEntry* entry)
+TiffStatus ReadEntry(TiffSource& source, const ByteOrder& order, const uint8_t* raw, std::size_t* valuesLeft,
+                     TiffEntry* entry)
 {
     entry->tag = order.U16(raw);
     entry->type = order.U16(raw + 2);
@@ -81,17 +81,19 @@ TiffStatus ReadEntry(TiffSource& source, const ByteOrder& order, const uint8_t* 
     // anything a 32-bit offset may address.
     uint64_t bytes = uint64_t{entry->count} * size;
     if (bytes > UINT32_MAX) return TiffStatus::CountOverflow;
+    std::size_t kept = std::min<std::size_t>({entry->count, kMaxValuesKept, *valuesLeft});
+    *valuesLeft -= kept;
     if (bytes <= 4) {
         entry->valuesInline = true;
-        DecodeValues(order, raw + 8, entry);
+        DecodeValues(order, raw + 8, kept, entry);
         return TiffStatus::Ok;
     }
     if (uint64_t{entry->valueOffset} + bytes > source.Size()) return TiffStatus::Truncated;
-    uint64_t keptBytes = std::min<uint64_t>(bytes, uint64_t{kMaxValuesKept} * size);
+    uint64_t keptBytes = uint64_t{kept} * size;
     std::vector<uint8_t> data(static_cast<std::size_t>(keptBytes) + 1, 0);
     if (!source.ReadAt(entry->valueOffset, data.data(), static_cast<std::size_t>(keptBytes)))
         return TiffStatus::ReadError;
-    DecodeValues(order, data.data(), entry);
+    DecodeValues(order, data.data(), kept, entry);
     return TiffStatus::Ok;
 }
 
@@ -173,6 +175,8 @@ TiffStatus ReadTiffStructure(TiffSource& source, TiffStructure* out, bool onlyFi
     uint32_t next = order.U32(header + 4);
     if (next == 0) return TiffStatus::NoIfd;
     std::set<uint32_t> visited;
+    std::size_t entriesLeft = kMaxEntriesTotal;
+    std::size_t valuesLeft = kMaxValuesTotal;
     while (next != 0) {
         if (next < kHeaderSize || next >= source.Size()) return TiffStatus::BadOffset;
         if (!visited.insert(next).second) return TiffStatus::IfdLoop;
@@ -180,6 +184,8 @@ TiffStatus ReadTiffStructure(TiffSource& source, TiffStructure* out, bool onlyFi
         uint8_t countBytes[2];
         if (!source.ReadAt(next, countBytes, 2)) return TiffStatus::Truncated;
         uint16_t count = order.U16(countBytes);
+        if (count > entriesLeft) return TiffStatus::TooManyIfds;
+        entriesLeft -= count;
         uint64_t tableBytes = uint64_t{count} * kEntrySize + 4;
         if (uint64_t{next} + 2 + tableBytes > source.Size()) return TiffStatus::Truncated;
         std::vector<uint8_t> table(static_cast<std::size_t>(tableBytes));
@@ -189,7 +195,8 @@ TiffStatus ReadTiffStructure(TiffSource& source, TiffStructure* out, bool onlyFi
         ifd.offset = next;
         ifd.entries.resize(count);
         for (uint16_t i = 0; i < count; ++i) {
-            TiffStatus status = ReadEntry(source, order, table.data() + i * kEntrySize, &ifd.entries[i]);
+            TiffStatus status =
+                ReadEntry(source, order, table.data() + i * kEntrySize, &valuesLeft, &ifd.entries[i]);
             if (status != TiffStatus::Ok) return status;
         }
         out->ifds.push_back(std::move(ifd));

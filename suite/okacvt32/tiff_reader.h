@@ -11,10 +11,11 @@
 //   runs past the end, a count whose byte size does not fit, an IFD chain
 //   that comes back to an IFD it has already visited, or more IFDs than
 //   kMaxIfds.
-// - Memory stays bounded: at most kMaxIfds IFDs, and at most
-//   kMaxValuesKept values of an entry are decoded (the entry says whether
-//   it holds all of them); a value that lies outside the file is an error
-//   even when it is not decoded.
+// - Memory stays bounded: at most kMaxIfds IFDs and kMaxEntriesTotal
+//   entries; at most kMaxValuesKept values of an entry and
+//   kMaxValuesTotal of the whole file are decoded (an entry says whether
+//   it holds all of its values); a value that lies outside the file is an
+//   error even when it is not decoded.
 // - Entries of a type it does not know are kept with their raw four value
 //   bytes, as a reader must skip them, and are no error.
 #pragma once
@@ -35,12 +36,16 @@ enum class TiffStatus {
     BadOffset,      // an IFD offset points before the header's end or past the file
     CountOverflow,  // an entry's count times its type size does not fit
     IfdLoop,        // the IFD chain comes back to an IFD already read
-    TooManyIfds,    // more than kMaxIfds IFDs in the chain
+    TooManyIfds,    // more than kMaxIfds IFDs, or kMaxEntriesTotal entries, in the chain
     ReadError,      // the file could not be opened or read
 };
 
 constexpr std::size_t kMaxIfds = 4096;
 constexpr std::size_t kMaxValuesKept = 4096;
+// IFDs may overlap in a file, so a small file can name many entries and
+// values: the whole structure keeps at most this many of each.
+constexpr std::size_t kMaxEntriesTotal = std::size_t(1) << 18;
+constexpr std::size_t kMaxValuesTotal = std::size_t(1) << 20;
 
 // The field types of the entries, with their sizes in bytes (0: unknown).
 enum TiffType : uint16_t {

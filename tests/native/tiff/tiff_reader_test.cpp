@@ -228,6 +228,15 @@ TEST(TiffReader, StopsAtALoopOfIfds)
         EXPECT_EQ(ReadTiffStructure(source, &tiff, true), TiffStatus::Ok);
         EXPECT_EQ(tiff.ifds.size(), 1u);
     }
+
+    // A chain of empty IFDs longer than the reader keeps.
+    std::vector<uint8_t> chain = {'I', 'I', 42, 0, 8, 0, 0, 0};
+    for (std::size_t i = 0; i <= kMaxIfds; ++i) {
+        uint32_t next = i == kMaxIfds ? 0 : uint32_t(chain.size() + 6);
+        chain.insert(chain.end(), {0, 0, uint8_t(next), uint8_t(next >> 8), uint8_t(next >> 16), uint8_t(next >> 24)});
+    }
+    TiffStructure tiff;
+    EXPECT_EQ(Read(chain, &tiff), TiffStatus::TooManyIfds);
 }
 
 TEST(TiffTypeText, ReadsWhatTheScanWritesAndRefusesBadValues)
