@@ -18,12 +18,12 @@ CPropertyPage* PageOf(SheetPages& pages, zv::SheetPage kind)
     case zv::SheetPage::kAdjColors: return &pages.adjColors;
     case zv::SheetPage::kNumColors: return &pages.numColors;
     case zv::SheetPage::kResize: return &pages.resize;
-    case zv::SheetPage::kEpsOut:
-    case zv::SheetPage::kGifOut:
-    case zv::SheetPage::kIcoOut:
-    case zv::SheetPage::kJpgOut:
-    case zv::SheetPage::kTifOut:
-    case zv::SheetPage::kFaxOut:
+    case zv::SheetPage::kEpsOut: return &pages.epsOut;
+    case zv::SheetPage::kGifOut: return &pages.gifOut;
+    case zv::SheetPage::kIcoOut: return &pages.icoOut;
+    case zv::SheetPage::kJpgOut: return &pages.jpgOut;
+    case zv::SheetPage::kTifOut: return &pages.tifOut;
+    case zv::SheetPage::kFaxOut: return &pages.faxOut;
     case zv::SheetPage::kEditColors:
     case zv::SheetPage::kTrace:
     case zv::SheetPage::kPrintPos:

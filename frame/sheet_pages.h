@@ -9,6 +9,7 @@
 
 #include "adjust.h"
 #include "dest.h"
+#include "format_pages.h"
 #include "sheet_plan.h"
 #include "toolkit.h"
 
@@ -23,6 +24,12 @@ struct SheetPages {
     CAdjColorsPropPage adjColors;
     CNumColorsPropPage numColors;
     CResizePropPage resize;
+    CEPSOutPropPage epsOut;
+    CGIFOutPropPage gifOut;
+    CICOOutPropPage icoOut;
+    CJPGOutPropPage jpgOut;
+    CTIFOutPropPage tifOut;
+    CFAXOutPropPage faxOut;
 };
 
 // The page object of a kind, or null for a kind without a page class.

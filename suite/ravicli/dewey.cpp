@@ -372,6 +372,7 @@ short Dewey::RefreshOptions(const char* path)
         factor = std::clamp(factor, 2L, 255L);
         state.jpegQuality = 1.0f - float(factor - 2) / 253.0f;
     }
+    ravi::ReadFileOptions(options, &state.fileOptions);
     return 0;
 }
 
@@ -403,7 +404,7 @@ short Dewey::Save(const char* path)
     if (!path || !*path) return ravi::kEngineBadArgument;
     const LouieState& state = *louie->state;
     if (state.raster.Empty() && !state.emf) return ravi::kEngineNoImage;
-    return ravi::WriteImageFile(path, state.raster, state.emf, state.jpegQuality);
+    return ravi::WriteImageFile(path, state.raster, state.emf, state.jpegQuality, state.fileOptions);
 }
 
 short Dewey::CreateRaster(long width, long height, short bits)

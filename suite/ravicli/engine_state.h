@@ -11,6 +11,7 @@
 #include "portable/dib.h"
 #include "portable/engine_codes.h"
 #include "ravicli.h"
+#include "file_options.h"
 
 // Everything a Louie knows beyond its section handle. The picture in hand is
 // either a packed DIB (raster) or an enhanced metafile (vector); the section
@@ -51,6 +52,7 @@ public:
     char optionsPath[kDeweyFileNameSize] = {};
     // Options read from the tag set at optionsPath, for files written.
     float jpegQuality = -1.0f;  // 0..1, negative: the encoder's own
+    ravi::FileOptions fileOptions;
 };
 
 namespace ravi {
@@ -94,6 +96,8 @@ short RunReduceLine(Dewey* document, int depth, int method, long palette, long s
 // --- files (image_files.cpp) ---
 short ReadImageFile(const char* path, ravi::Image& image, HENHMETAFILE& emf);
 short WriteImageFile(const char* path, const ravi::Image& image, HENHMETAFILE emf, float jpegQuality);
+short WriteImageFile(const char* path, const ravi::Image& image, HENHMETAFILE emf, float jpegQuality,
+                     const ravi::FileOptions& options);
 
 // --- metafiles (metafile.cpp) ---
 // Plays a metafile into a new DIB of the given size and depth.

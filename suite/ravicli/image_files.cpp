@@ -14,6 +14,7 @@
 #include <vector>
 
 #include "engine_state.h"
+#include "portable/file_writers.h"
 #include "portable/raster_kernels.h"
 
 namespace {
@@ -56,7 +57,7 @@ private:
     bool owned_ = false;
 };
 
-enum class FileKind { Unknown, Bmp, Png, Jpeg, Gif, Tiff, Ico, Wmf, Emf };
+enum class FileKind { Unknown, Bmp, Png, Jpeg, Gif, Tiff, Ico, Wmf, Emf, Eps };
 
 FileKind KindOfPath(const char* path)
 {
@@ -71,6 +72,7 @@ FileKind KindOfPath(const char* path)
         {"bmp", FileKind::Bmp}, {"dib", FileKind::Bmp},  {"png", FileKind::Png},   {"jpg", FileKind::Jpeg},
         {"jpeg", FileKind::Jpeg}, {"jpe", FileKind::Jpeg}, {"gif", FileKind::Gif},   {"tif", FileKind::Tiff},
         {"tiff", FileKind::Tiff}, {"ico", FileKind::Ico},  {"wmf", FileKind::Wmf},   {"emf", FileKind::Emf},
+        {"eps", FileKind::Eps},
     };
     for (const Entry& entry : table)
         if (lstrcmpiA(dot + 1, entry.ext) == 0) return entry.kind;
@@ -307,7 +309,7 @@ WICPixelFormatGUID WicFormatOf(const ravi::Image& image)
 // Tries to write one frame of the image as it is. S_FALSE when the encoder
 // wants another pixel format; the caller then converts and tries again.
 HRESULT EncodeFrame(IWICImagingFactory* factory, IWICBitmapEncoder* encoder, const ravi::Image& image,
-                    float jpegQuality)
+                    float jpegQuality, int tiffCompression = -1)
 {
     ComPtr<IWICBitmapFrameEncode> frame;
     ComPtr<IPropertyBag2> options;
@@ -321,6 +323,17 @@ HRESULT EncodeFrame(IWICImagingFactory* factory, IWICBitmapEncoder* encoder, con
         VariantInit(&value);
         value.vt = VT_R4;
         value.fltVal = jpegQuality;
+        options->Write(1, &name, &value);
+    }
+    if (tiffCompression >= 0 && options) {
+        // Asked of every TIFF encoder; one that ignores it writes its own
+        // default (docs/dest_pages.md tells which).
+        PROPBAG2 name = {};
+        name.pstrName = const_cast<LPOLESTR>(L"TiffCompressionMethod");
+        VARIANT value;
+        VariantInit(&value);
+        value.vt = VT_UI1;
+        value.bVal = BYTE(tiffCompression);
         options->Write(1, &name, &value);
     }
     if (FAILED(hr = frame->Initialize(options.get()))) return hr;
@@ -355,21 +368,32 @@ HRESULT EncodeFrame(IWICImagingFactory* factory, IWICBitmapEncoder* encoder, con
 
 // Writes the image into a stream in a container format, converting its
 // depth where the encoder asks for another.
+// GIF takes only palettes of 8 bits.
+short ToGifDepth(ravi::Image& image)
+{
+    short code = 0;
+    if (image.Bits() > 8) {
+        ravi::ReduceParams params;
+        params.depth = 8;
+        params.method = ravi::kReduceDiffuse;
+        params.paletteColors = 1;
+        code = ravi::Reduce(image, params);
+    }
+    if (code == 0 && image.Bits() < 8) code = ravi::ConvertDepth(image, 8);
+    return code;
+}
+
 short EncodeToStream(IWICImagingFactory* factory, IStream* stream, const GUID& container, const ravi::Image& source,
-                     float jpegQuality = -1.0f)
+                     float jpegQuality = -1.0f, int tiffCompression = -1)
 {
     ravi::Image image = source;
     short code = 0;
-    // What each encoder takes: GIF only palettes of 8 bits, JPEG no palette.
+    // What each encoder takes: GIF only palettes of 8 bits, JPEG no palette,
+    // the fax compressions of TIFF only two colours.
     if (IsEqualGUID(container, GUID_ContainerFormatGif)) {
-        if (image.Bits() > 8) {
-            ravi::ReduceParams params;
-            params.depth = 8;
-            params.method = ravi::kReduceDiffuse;
-            params.paletteColors = 1;
-            code = ravi::Reduce(image, params);
-        }
-        if (code == 0 && image.Bits() < 8) code = ravi::ConvertDepth(image, 8);
+        code = ToGifDepth(image);
+    } else if (tiffCompression == 2 || tiffCompression == 3) {
+        code = ravi::Blackize(image);
     } else if (IsEqualGUID(container, GUID_ContainerFormatJpeg) && image.Bits() != 24) {
         code = ravi::ConvertDepth(image, 24);
     }
@@ -381,7 +405,7 @@ short EncodeToStream(IWICImagingFactory* factory, IStream* stream, const GUID& c
         LARGE_INTEGER zero = {};
         stream->Seek(zero, STREAM_SEEK_SET, nullptr);
         if (FAILED(encoder->Initialize(stream, WICBitmapEncoderNoCache))) return ravi::kEngineFileWrite;
-        HRESULT hr = EncodeFrame(factory, encoder.get(), image, jpegQuality);
+        HRESULT hr = EncodeFrame(factory, encoder.get(), image, jpegQuality, tiffCompression);
         if (hr == S_OK) return 0;
         if (FAILED(hr)) return ravi::kEngineFileWrite;
         // The encoder wants another depth: 24 bits is what they all take.
@@ -401,7 +425,8 @@ GUID ContainerOf(FileKind kind)
     }
 }
 
-short WriteThroughWic(const char* path, FileKind kind, const ravi::Image& image, float jpegQuality)
+short WriteThroughWic(const char* path, FileKind kind, const ravi::Image& image, float jpegQuality,
+                     int tiffCompression = -1)
 {
     ComScope com;
     ComPtr<IWICImagingFactory> factory;
@@ -412,11 +437,19 @@ short WriteThroughWic(const char* path, FileKind kind, const ravi::Image& image,
     if (FAILED(factory->CreateStream(&stream))) return ravi::kEngineNoMemory;
     std::wstring wide = Widen(path);
     if (FAILED(stream->InitializeFromFilename(wide.c_str(), GENERIC_WRITE))) return ravi::kEngineFileWrite;
-    return EncodeToStream(factory.get(), stream.get(), ContainerOf(kind), image, jpegQuality);
+    return EncodeToStream(factory.get(), stream.get(), ContainerOf(kind), image, jpegQuality, tiffCompression);
 }
+
+// The image in a container format in memory.
+short EncodeInMemory(const ravi::Image& image, const GUID& container, std::vector<unsigned char>& bytes);
 
 // The image as a PNG in memory, for icons larger than a BMP entry may be.
 short EncodePngInMemory(const ravi::Image& image, std::vector<unsigned char>& png)
+{
+    return EncodeInMemory(image, GUID_ContainerFormatPng, png);
+}
+
+short EncodeInMemory(const ravi::Image& image, const GUID& container, std::vector<unsigned char>& png)
 {
     ComScope com;
     ComPtr<IWICImagingFactory> factory;
@@ -425,7 +458,7 @@ short EncodePngInMemory(const ravi::Image& image, std::vector<unsigned char>& pn
         return ravi::kEngineFileWrite;
     ComPtr<IStream> stream;
     if (FAILED(CreateStreamOnHGlobal(nullptr, TRUE, &stream))) return ravi::kEngineNoMemory;
-    short code = EncodeToStream(factory.get(), stream.get(), GUID_ContainerFormatPng, image);
+    short code = EncodeToStream(factory.get(), stream.get(), container, image);
     if (code != 0) return code;
     STATSTG stat = {};
     stream->Stat(&stat, STATFLAG_NONAME);
@@ -536,6 +569,47 @@ short WriteWindowsMetafile(const char* path, HENHMETAFILE emf)
     return WriteWholeFile(path, file.data(), file.size()) ? short(0) : short(ravi::kEngineFileWrite);
 }
 
+// A GIF with the choices its encoder cannot be asked for: the rows go in
+// interlaced order before encoding, the flag and the transparent entry
+// are set in the file after it.
+short WriteGif(const char* path, const ravi::Image& source, const ravi::FileOptions& options)
+{
+    ravi::Image image = source;
+    short code = ToGifDepth(image);
+    if (code != 0) return code;
+    if (options.gifInterlace) image = ravi::InterlacedRows(image);
+    std::vector<unsigned char> gif;
+    if ((code = EncodeInMemory(image, GUID_ContainerFormatGif, gif)) != 0) return code;
+    if ((code = ravi::FinishGif(gif, options.gifInterlace, options.gifTransparent)) != 0) return code;
+    return WriteWholeFile(path, gif.data(), gif.size()) ? short(0) : short(ravi::kEngineFileWrite);
+}
+
+// A TIFF in the layout of a flavour's type text: uncompressed and PackBits
+// by the engine's own writer, every other compression through the
+// platform's encoder, asked for by name.
+short WriteTiff(const char* path, const ravi::Image& image, const std::string& typeText)
+{
+    zvtiff::TiffTypeSpec spec;
+    if (!zvtiff::ParseTiffTypeText(typeText.c_str(), &spec)) return ravi::kEngineBadArgument;
+    if (spec.compression == 1 || spec.compression == 32773) {
+        std::vector<unsigned char> tiff;
+        short code = ravi::WriteTiffBytes(image, spec, &tiff);
+        if (code != 0) return code;
+        return WriteWholeFile(path, tiff.data(), tiff.size()) ? short(0) : short(ravi::kEngineFileWrite);
+    }
+    int wic = ravi::WicTiffCompression(spec.compression, spec.predictor);
+    if (wic < 0) return ravi::kEngineNotSupported;
+    return WriteThroughWic(path, FileKind::Tiff, image, -1.0f, wic);
+}
+
+short WriteEps(const char* path, const ravi::Image& image, const ravi::EpsOptions& options)
+{
+    std::vector<unsigned char> eps;
+    short code = ravi::WriteEpsBytes(image, options, &eps);
+    if (code != 0) return code;
+    return WriteWholeFile(path, eps.data(), eps.size()) ? short(0) : short(ravi::kEngineFileWrite);
+}
+
 }  // namespace
 
 namespace ravi {
@@ -551,6 +625,12 @@ short ReadImageFile(const char* path, Image& image, HENHMETAFILE& emf)
 }
 
 short WriteImageFile(const char* path, const Image& raster, HENHMETAFILE emf, float jpegQuality)
+{
+    return WriteImageFile(path, raster, emf, jpegQuality, FileOptions{});
+}
+
+short WriteImageFile(const char* path, const Image& raster, HENHMETAFILE emf, float jpegQuality,
+                     const FileOptions& options)
 {
     FileKind kind = KindOfPath(path);
     if (kind == FileKind::Unknown) return kEngineFileFormat;
@@ -574,7 +654,17 @@ short WriteImageFile(const char* path, const Image& raster, HENHMETAFILE emf, fl
         if (code != 0) return code;
         image = &drawn;
     }
-    if (kind == FileKind::Ico) return WriteIcon(path, *image);
+    if (kind == FileKind::Ico) {
+        if (options.iconSide == 0 || (image->Width() == options.iconSide && image->Height() == options.iconSide))
+            return WriteIcon(path, *image);
+        Image icon = *image;
+        short code = Resize(icon, options.iconSide, options.iconSide, 1);
+        return code != 0 ? code : WriteIcon(path, icon);
+    }
+    if (kind == FileKind::Eps) return WriteEps(path, *image, options.eps);
+    if (kind == FileKind::Tiff && !options.tiffType.empty()) return WriteTiff(path, *image, options.tiffType);
+    if (kind == FileKind::Gif && (options.gifInterlace || options.gifTransparent >= 0))
+        return WriteGif(path, *image, options);
     return WriteThroughWic(path, kind, *image, jpegQuality);
 }
 

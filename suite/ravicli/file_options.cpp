@@ -1,0 +1,60 @@
+// Reading the options of written files from a tag set.
+#include "file_options.h"
+
+#include <windows.h>
+
+#include <cstdlib>
+#include <cstring>
+
+#include "okaio32.h"
+
+namespace ravi {
+
+namespace {
+
+bool IsOn(const char* value)
+{
+    return value != nullptr && lstrcmpiA(value, "ON") == 0;
+}
+
+}  // namespace
+
+void ReadFileOptions(TagSet& tags, FileOptions* out)
+{
+    *out = FileOptions{};
+    if (const char* type = tags.Get("TIFTYPE")) out->tiffType = type;
+    out->gifInterlace = IsOn(tags.Get("GIFINT"));
+    if (const char* trans = tags.Get("GIFTRANS")) {
+        if (lstrcmpiA(trans, "BLACK") == 0) out->gifTransparent = 0x000000;
+        if (lstrcmpiA(trans, "WHITE") == 0) out->gifTransparent = 0xFFFFFF;
+    }
+    // "48 x 48": icons are square; the first number is the side.
+    if (const char* size = tags.Get("ICOSIZE")) out->iconSide = std::atoi(size);
+    if (out->iconSide < 0 || out->iconSide > 256) out->iconSide = 0;
+    if (const char* model = tags.Get("EPSMODEL")) out->eps.cmyk = lstrcmpiA(model, "CMYK") == 0;
+    if (const char* ucr = tags.Get("EPSUCR")) out->eps.grayReplacement = std::atof(ucr);
+    out->eps.formFeed = IsOn(tags.Get("EPSFF"));
+    if (const char* view = tags.Get("EPSEMBVIEW")) {
+        char upper[32] = {};
+        lstrcpynA(upper, view, sizeof upper);
+        CharUpperA(upper);
+        out->eps.preview = upper;
+    }
+}
+
+int WicTiffCompression(uint32_t tiffCompression, uint32_t predictor)
+{
+    // The values of WICTiffCompressionOption.
+    switch (tiffCompression) {
+    case 1: return 1;                       // none
+    case 3: return 2;                       // CCITT group 3
+    case 4: return 3;                       // CCITT group 4
+    case 5: return predictor == 2 ? 7 : 4;  // LZW, with horizontal differencing
+    case 32773: return 5;                   // PackBits
+    case 8:
+    case 32946: return 6;                   // Deflate
+    default: return -1;
+    }
+}
+
+}  // namespace ravi

@@ -1,0 +1,30 @@
+// The options of written files that the engine reads from the tag set a
+// host names (Dewey::RefreshOptions), beside the JPEG quality. Keys are
+// those the destination pages write, under the file kind's internal
+// extension: see docs/dest_pages.md.
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+#include "portable/file_writers.h"
+
+#include "okaio32.h"
+
+namespace ravi {
+
+struct FileOptions {
+    std::string tiffType;         // "TIFTYPE": the flavour's type text; empty for the plain default
+    bool gifInterlace = false;    // "GIFINT"
+    int64_t gifTransparent = -1;  // "GIFTRANS": 0x000000 for BLACK, 0xFFFFFF for WHITE, -1 for none
+    int iconSide = 0;             // "ICOSIZE" ("48 x 48"): 0 keeps the image's size
+    EpsOptions eps;               // "EPSMODEL", "EPSUCR", "EPSFF", "EPSEMBVIEW"
+};
+
+void ReadFileOptions(TagSet& tags, FileOptions* out);
+
+// The compression value that the platform's TIFF encoder takes for a TIFF
+// compression number, or -1 for one it has no name for.
+int WicTiffCompression(uint32_t tiffCompression, uint32_t predictor);
+
+}  // namespace ravi

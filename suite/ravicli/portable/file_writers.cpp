@@ -1,0 +1,352 @@
+// The engine's own file writers; what each promises stands in
+// file_writers.h.
+#include "file_writers.h"
+
+#include <algorithm>
+#include <cmath>
+#include <cstdio>
+#include <cstring>
+
+#include "engine_codes.h"
+#include "raster_kernels.h"
+
+namespace ravi {
+
+namespace {
+
+void Put16(std::vector<uint8_t>& out, uint32_t v)
+{
+    out.push_back(uint8_t(v));
+    out.push_back(uint8_t(v >> 8));
+}
+
+void Put32(std::vector<uint8_t>& out, uint32_t v)
+{
+    Put16(out, v & 0xFFFF);
+    Put16(out, v >> 16);
+}
+
+void Set32(std::vector<uint8_t>& out, size_t at, uint32_t v)
+{
+    for (int i = 0; i < 4; ++i) out[at + i] = uint8_t(v >> (8 * i));
+}
+
+double DpiOf(int32_t pelsPerMeter)
+{
+    return pelsPerMeter > 0 ? pelsPerMeter * 0.0254 : 0.0;
+}
+
+uint32_t Luminance(uint32_t rgb)
+{
+    return (299 * ((rgb >> 16) & 0xFF) + 587 * ((rgb >> 8) & 0xFF) + 114 * (rgb & 0xFF)) / 1000;
+}
+
+// PackBits: runs of two or more equal bytes as a repeat, the rest literal.
+void PackBits(const uint8_t* row, size_t n, std::vector<uint8_t>& out)
+{
+    size_t i = 0;
+    while (i < n) {
+        size_t run = 1;
+        while (i + run < n && run < 128 && row[i + run] == row[i]) ++run;
+        if (run >= 2) {
+            out.push_back(uint8_t(257 - run));
+            out.push_back(row[i]);
+            i += run;
+            continue;
+        }
+        size_t start = i;
+        while (i < n && i - start < 128 && !(i + 1 < n && row[i + 1] == row[i])) ++i;
+        if (i == start) ++i;  // a lone byte before a run of the next one
+        out.push_back(uint8_t(i - start - 1));
+        out.insert(out.end(), row + start, row + i);
+    }
+}
+
+// An IFD of a little-endian TIFF: entries in tag order, values of more
+// than four bytes behind the table.
+class IfdBuilder {
+public:
+    void Add(uint16_t tag, uint16_t type, std::vector<uint32_t> values)
+    {
+        entries_.push_back({tag, type, std::move(values)});
+    }
+    // Writes the IFD at the end of out (word aligned) and points the
+    // header at it.
+    void Write(std::vector<uint8_t>& out)
+    {
+        if (out.size() % 2) out.push_back(0);
+        std::sort(entries_.begin(), entries_.end(), [](const Entry& a, const Entry& b) { return a.tag < b.tag; });
+        size_t at = out.size();
+        Set32(out, 4, uint32_t(at));
+        size_t extra = at + 2 + entries_.size() * 12 + 4;
+        std::vector<uint8_t> tail;
+        Put16(out, uint32_t(entries_.size()));
+        for (const Entry& e : entries_) {
+            std::vector<uint8_t> bytes;
+            unsigned size = zvtiff::TiffTypeSize(e.type);
+            for (uint32_t v : e.values) (size == 2 ? Put16(bytes, v) : Put32(bytes, v));
+            Put16(out, e.tag);
+            Put16(out, e.type);
+            Put32(out, uint32_t(e.type == zvtiff::kRational ? e.values.size() / 2 : e.values.size()));
+            if (bytes.size() <= 4) {
+                bytes.resize(4, 0);
+                out.insert(out.end(), bytes.begin(), bytes.end());
+            } else {
+                Put32(out, uint32_t(extra + tail.size()));
+                tail.insert(tail.end(), bytes.begin(), bytes.end());
+            }
+        }
+        Put32(out, 0);
+        out.insert(out.end(), tail.begin(), tail.end());
+    }
+
+private:
+    struct Entry {
+        uint16_t tag, type;
+        std::vector<uint32_t> values;
+    };
+    std::vector<Entry> entries_;
+};
+
+std::string Hex(const uint8_t* bytes, size_t n)
+{
+    static const char digits[] = "0123456789ABCDEF";
+    std::string text;
+    text.reserve(n * 2 + n / 32 + 1);
+    for (size_t i = 0; i < n; ++i) {
+        text += digits[bytes[i] >> 4];
+        text += digits[bytes[i] & 15];
+        if (i % 32 == 31) text += '\n';
+    }
+    return text;
+}
+
+}  // namespace
+
+short WriteTiffBytes(const Image& source, const zvtiff::TiffTypeSpec& spec, std::vector<uint8_t>* out)
+{
+    if (source.Empty()) return kEngineNoImage;
+    if (spec.compression != 1 && spec.compression != 32773) return kEngineBadArgument;
+    const int32_t width = source.Width(), height = source.Height();
+    const bool bilevel = spec.bitsPerSample == 1 || source.Bits() == 1;
+    const bool palette = !bilevel && source.Bits() <= 8;
+    const size_t rowBytes = bilevel ? (size_t(width) + 7) / 8 : palette ? (size_t(width) * source.Bits() + 7) / 8
+                                                                         : size_t(width) * 3;
+    uint32_t rowsPerStrip = spec.rowsPerStrip != 0 ? spec.rowsPerStrip : uint32_t(std::max<size_t>(1, 8192 / rowBytes));
+    rowsPerStrip = std::min<uint32_t>(rowsPerStrip, uint32_t(height));
+    const bool reverseBits = bilevel && spec.fillOrder == 2;
+
+    std::vector<uint8_t> tiff = {'I', 'I', 42, 0, 0, 0, 0, 0};
+    std::vector<uint32_t> offsets, counts;
+    std::vector<uint8_t> row(rowBytes);
+    for (int32_t first = 0; first < height; first += int32_t(rowsPerStrip)) {
+        offsets.push_back(uint32_t(tiff.size()));
+        int32_t last = std::min<int32_t>(height, first + int32_t(rowsPerStrip));
+        for (int32_t y = first; y < last; ++y) {
+            if (bilevel) {
+                std::fill(row.begin(), row.end(), 0);
+                for (int32_t x = 0; x < width; ++x)
+                    if (Luminance(source.PixelRgb(x, y)) < 128) {
+                        int bit = reverseBits ? (x & 7) : 7 - (x & 7);
+                        row[size_t(x) / 8] |= uint8_t(1 << bit);
+                    }
+            } else if (palette) {
+                std::memcpy(row.data(), source.Row(y), rowBytes);
+            } else {
+                for (int32_t x = 0; x < width; ++x) {
+                    uint32_t rgb = source.PixelRgb(x, y);
+                    row[size_t(x) * 3] = uint8_t(rgb >> 16);
+                    row[size_t(x) * 3 + 1] = uint8_t(rgb >> 8);
+                    row[size_t(x) * 3 + 2] = uint8_t(rgb);
+                }
+            }
+            if (spec.compression == 32773)
+                PackBits(row.data(), rowBytes, tiff);
+            else
+                tiff.insert(tiff.end(), row.begin(), row.end());
+        }
+        counts.push_back(uint32_t(tiff.size() - offsets.back()));
+    }
+
+    IfdBuilder ifd;
+    ifd.Add(zvtiff::kTagNewSubfileType, zvtiff::kLong, {0});
+    ifd.Add(zvtiff::kTagImageWidth, zvtiff::kLong, {uint32_t(width)});
+    ifd.Add(zvtiff::kTagImageLength, zvtiff::kLong, {uint32_t(height)});
+    if (palette || bilevel)
+        ifd.Add(zvtiff::kTagBitsPerSample, zvtiff::kShort, {bilevel ? 1u : uint32_t(source.Bits())});
+    else
+        ifd.Add(zvtiff::kTagBitsPerSample, zvtiff::kShort, {8, 8, 8});
+    ifd.Add(zvtiff::kTagCompression, zvtiff::kShort, {spec.compression});
+    ifd.Add(zvtiff::kTagPhotometric, zvtiff::kShort, {bilevel ? 0u : palette ? 3u : 2u});
+    if (reverseBits) ifd.Add(zvtiff::kTagFillOrder, zvtiff::kShort, {2});
+    ifd.Add(zvtiff::kTagStripOffsets, zvtiff::kLong, offsets);
+    ifd.Add(zvtiff::kTagSamplesPerPixel, zvtiff::kShort, {palette || bilevel ? 1u : 3u});
+    ifd.Add(zvtiff::kTagRowsPerStrip, zvtiff::kLong, {rowsPerStrip});
+    ifd.Add(zvtiff::kTagStripByteCounts, zvtiff::kLong, counts);
+    double dpiX = DpiOf(source.Header()->xPelsPerMeter), dpiY = DpiOf(source.Header()->yPelsPerMeter);
+    if (dpiX > 0 && dpiY > 0) {
+        ifd.Add(zvtiff::kTagXResolution, zvtiff::kRational, {uint32_t(std::lround(dpiX * 100)), 100});
+        ifd.Add(zvtiff::kTagYResolution, zvtiff::kRational, {uint32_t(std::lround(dpiY * 100)), 100});
+        ifd.Add(zvtiff::kTagResolutionUnit, zvtiff::kShort, {2});
+    }
+    ifd.Add(zvtiff::kTagPlanarConfig, zvtiff::kShort, {1});
+    if (palette) {
+        // The colour map: all reds, then greens, then blues, 16 bits each.
+        std::vector<uint32_t> map(size_t(3) << source.Bits());
+        size_t n = size_t(1) << source.Bits();
+        for (size_t i = 0; i < n && i < source.Colors(); ++i) {
+            map[i] = source.Table()[i].red * 257u;
+            map[n + i] = source.Table()[i].green * 257u;
+            map[2 * n + i] = source.Table()[i].blue * 257u;
+        }
+        ifd.Add(320, zvtiff::kShort, map);
+    }
+    ifd.Write(tiff);
+    *out = std::move(tiff);
+    return kEngineOk;
+}
+
+Image InterlacedRows(const Image& image)
+{
+    Image out = image;
+    int32_t to = 0;
+    static const int32_t starts[] = {0, 4, 2, 1}, steps[] = {8, 8, 4, 2};
+    for (int pass = 0; pass < 4; ++pass)
+        for (int32_t y = starts[pass]; y < image.Height(); y += steps[pass])
+            std::memcpy(out.Row(to++), image.Row(y), image.Stride());
+    return out;
+}
+
+// How far, per channel, an entry may lie from the transparent colour.
+constexpr int kTransparentTolerance = 8;
+
+short FinishGif(std::vector<uint8_t>& gif, bool interlaced, int64_t transparentRgb)
+{
+    const size_t n = gif.size();
+    if (n < 13 || std::memcmp(gif.data(), "GIF8", 4) != 0) return kEngineFileFormat;
+    size_t at = 13;
+    size_t table = 0, tableSize = 0;
+    if (gif[10] & 0x80) {
+        table = 13;
+        tableSize = size_t(3) << ((gif[10] & 7) + 1);
+        at += tableSize;
+    }
+    size_t control = 0;  // the graphic control block before the image
+    while (at < n && gif[at] == 0x21) {
+        if (at + 1 >= n) return kEngineFileFormat;
+        if (gif[at + 1] == 0xF9) control = at;
+        at += 2;
+        while (at < n && gif[at] != 0) at += size_t(gif[at]) + 1;
+        if (at >= n) return kEngineFileFormat;
+        ++at;
+    }
+    if (at + 10 > n || gif[at] != 0x2C) return kEngineFileFormat;
+    const size_t descriptor = at;
+    if (gif[descriptor + 9] & 0x80) {
+        table = descriptor + 10;
+        tableSize = size_t(3) << ((gif[descriptor + 9] & 7) + 1);
+    }
+    if (table == 0 || table + tableSize > n) return kEngineFileFormat;
+    if (control != 0 && control + 8 > n) return kEngineFileFormat;
+
+    // The entry nearest the colour: a reduced palette may hold white as 253.
+    int index = -1;
+    if (transparentRgb >= 0) {
+        int best = kTransparentTolerance * kTransparentTolerance * 3 + 1;
+        for (size_t i = 0; i < tableSize / 3; ++i) {
+            int distance = 0;
+            for (int c = 0; c < 3; ++c) {
+                int d = int(gif[table + 3 * i + size_t(c)]) - int((transparentRgb >> (16 - 8 * c)) & 0xFF);
+                distance += d * d;
+            }
+            if (distance < best) best = distance, index = int(i);
+        }
+    }
+    if (interlaced) gif[descriptor + 9] |= 0x40;
+    if (index < 0) return kEngineOk;
+    gif[4] = '9';  // the control block needs the 89a grammar
+    if (control != 0) {
+        gif[control + 3] |= 1;
+        gif[control + 6] = uint8_t(index);
+    } else {
+        const uint8_t block[] = {0x21, 0xF9, 4, 1, 0, 0, uint8_t(index), 0};
+        gif.insert(gif.begin() + long(descriptor), block, block + sizeof block);
+    }
+    return kEngineOk;
+}
+
+short WriteEpsBytes(const Image& source, const EpsOptions& options, std::vector<uint8_t>* out)
+{
+    if (source.Empty()) return kEngineNoImage;
+    const int32_t width = source.Width(), height = source.Height();
+    double dpiX = DpiOf(source.Header()->xPelsPerMeter), dpiY = DpiOf(source.Header()->yPelsPerMeter);
+    if (dpiX <= 0) dpiX = 72.0;
+    if (dpiY <= 0) dpiY = 72.0;
+    const double w = width * 72.0 / dpiX, h = height * 72.0 / dpiY;
+    const double ucr = std::clamp(options.grayReplacement, 0.0, 1.0);
+
+    char text[1024];
+    std::string ps;
+    std::snprintf(text, sizeof text,
+                  "%%!PS-Adobe-3.0 EPSF-3.0\n%%%%Creator: Zavrin image engine\n%%%%BoundingBox: 0 0 %ld %ld\n"
+                  "%%%%HiResBoundingBox: 0 0 %.4f %.4f\n%%%%LanguageLevel: 2\n%%%%Pages: 1\n%%%%EndComments\n"
+                  "%%%%Page: 1 1\ngsave\n%.4f %.4f scale\n/Device%s setcolorspace\n"
+                  "<< /ImageType 1 /Width %d /Height %d /BitsPerComponent 8 /Decode [%s]\n"
+                  "   /ImageMatrix [%d 0 0 -%d 0 %d] /DataSource currentfile /ASCIIHexDecode filter >>\nimage\n",
+                  long(std::ceil(w - 1e-6)), long(std::ceil(h - 1e-6)), w, h, w, h, options.cmyk ? "CMYK" : "RGB",
+                  int(width), int(height), options.cmyk ? "0 1 0 1 0 1 0 1" : "0 1 0 1 0 1", int(width), int(height),
+                  int(height));
+    ps += text;
+    std::vector<uint8_t> row(size_t(width) * (options.cmyk ? 4 : 3));
+    for (int32_t y = 0; y < height; ++y) {
+        for (int32_t x = 0; x < width; ++x) {
+            uint32_t rgb = source.PixelRgb(x, y);
+            int r = int(rgb >> 16 & 0xFF), g = int(rgb >> 8 & 0xFF), b = int(rgb & 0xFF);
+            if (!options.cmyk) {
+                row[size_t(x) * 3] = uint8_t(r), row[size_t(x) * 3 + 1] = uint8_t(g), row[size_t(x) * 3 + 2] = uint8_t(b);
+                continue;
+            }
+            // The common gray of the three inks; its share goes to black.
+            int c = 255 - r, m = 255 - g, ye = 255 - b;
+            int k = int(std::lround(std::min({c, m, ye}) * ucr));
+            uint8_t* p = &row[size_t(x) * 4];
+            p[0] = uint8_t(c - k), p[1] = uint8_t(m - k), p[2] = uint8_t(ye - k), p[3] = uint8_t(k);
+        }
+        ps += Hex(row.data(), row.size());
+        ps += '\n';
+    }
+    ps += ">\ngrestore\nshowpage\n%%EOF\n";
+    if (options.formFeed) ps += '\f';
+
+    std::vector<uint8_t> preview;
+    const std::string& kind = options.preview;
+    if (kind == "COARSEBW" || kind == "COARSECOLOR" || kind == "FINEBW" || kind == "FINECOLOR") {
+        Image small = source;
+        if (kind.rfind("COARSE", 0) == 0) {
+            short code = Resize(small, std::max(1, width / 2), std::max(1, height / 2), 0);
+            if (code != 0) return code;
+        }
+        zvtiff::TiffTypeSpec spec;
+        if (kind.find("BW") != std::string::npos) spec.bitsPerSample = 1;
+        short code = WriteTiffBytes(small, spec, &preview);
+        if (code != 0) return code;
+    }
+    out->clear();
+    if (!preview.empty()) {
+        // The binary EPS header: PostScript at 30, the TIFF preview behind it.
+        const uint8_t magic[] = {0xC5, 0xD0, 0xD3, 0xC6};
+        out->insert(out->end(), magic, magic + 4);
+        Put32(*out, 30);
+        Put32(*out, uint32_t(ps.size()));
+        Put32(*out, 0);
+        Put32(*out, 0);
+        Put32(*out, uint32_t(30 + ps.size()));
+        Put32(*out, uint32_t(preview.size()));
+        Put16(*out, 0xFFFF);
+    }
+    out->insert(out->end(), ps.begin(), ps.end());
+    out->insert(out->end(), preview.begin(), preview.end());
+    return kEngineOk;
+}
+
+}  // namespace ravi

@@ -1,0 +1,57 @@
+// The file formats that the engine writes itself, or finishes after the
+// platform's encoder: TIFF in the layouts the encoder cannot give, the GIF
+// choices (interlace, transparent colour) that it cannot be asked for, and
+// Encapsulated PostScript, which it does not know. No windows.h: each
+// writer gives bytes in memory and is tested natively.
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+#include "dib.h"
+#include "tiff_type_text.h"
+
+namespace ravi {
+
+// A TIFF of one image, uncompressed (compression 1) or PackBits (32773),
+// in strips of spec.rowsPerStrip rows (0: strips of about 8 KB). A spec of
+// one bit per sample, or a bilevel image, is written bilevel with black as
+// 1 (photometric 0), bits in the fill order of the spec; palette images
+// keep their palette (photometric 3); others become 8-bit RGB. Tiles and
+// planar layouts are written as chunky strips. Gives 0 or an engine code
+// (kEngineBadArgument for another compression).
+short WriteTiffBytes(const Image& image, const zvtiff::TiffTypeSpec& spec, std::vector<uint8_t>* out);
+
+// The rows of an image in the order an interlaced GIF stores them: every
+// eighth row from 0, every eighth from 4, every fourth from 2, every
+// second from 1.
+Image InterlacedRows(const Image& image);
+
+// Finishes a GIF that the encoder wrote: marks its first image interlaced
+// (its rows must already be in that order), and makes the entry of its
+// colour table nearest transparentRgb (0x00RRGGBB, at most 8 off in each
+// channel, as a reduced palette may hold white as 253) transparent, adding
+// the graphic control block where there is none; a negative colour makes
+// nothing transparent. Never reads past the bytes: a GIF it cannot follow
+// gives kEngineFileFormat and stays as it was.
+short FinishGif(std::vector<uint8_t>& gif, bool interlaced, int64_t transparentRgb);
+
+// Encapsulated PostScript, language level 2: the image as one raster in
+// DeviceRGB, or in DeviceCMYK with the share `grayReplacement` (0..1) of
+// the common gray of each pixel moved to black. The bounding box is the
+// image's size at its resolution (72 dpi when it has none). formFeed ends
+// the file in a form feed after showpage, for printers that want one.
+// preview is one of "NONE", "COARSEBW", "COARSECOLOR", "FINEBW",
+// "FINECOLOR": a TIFF preview makes the file a binary EPS with the
+// preview behind the PostScript (coarse: half the pixels each way). The
+// other previews ("WMF", "PICT", "IFF") are not written.
+struct EpsOptions {
+    bool cmyk = false;
+    double grayReplacement = 0.0;
+    bool formFeed = false;
+    std::string preview = "NONE";
+};
+short WriteEpsBytes(const Image& image, const EpsOptions& options, std::vector<uint8_t>* out);
+
+}  // namespace ravi

@@ -1,0 +1,157 @@
+// The engine's own writers: a TIFF read back by the structure reader with
+// its strips decoded, the GIF finishing on the blocks of a real file's
+// shape, and the colour arithmetic of the PostScript raster.
+#include <gtest/gtest.h>
+
+#include <string>
+
+#include "engine_codes.h"
+#include "engine_test_util.h"
+#include "file_writers.h"
+#include "tiff_reader.h"
+
+namespace ravi::test {
+namespace {
+
+std::vector<uint8_t> UnpackBits(const uint8_t* p, size_t n)
+{
+    std::vector<uint8_t> out;
+    for (size_t i = 0; i < n;) {
+        int8_t head = int8_t(p[i++]);
+        if (head >= 0) {
+            out.insert(out.end(), p + i, p + i + head + 1);
+            i += size_t(head) + 1;
+        } else if (head != -128) {
+            out.insert(out.end(), size_t(1 - head), p[i++]);
+        }
+    }
+    return out;
+}
+
+// The strips of the first image, decompressed and joined.
+std::vector<uint8_t> Pixels(std::vector<uint8_t>& tiff, zvtiff::TiffIfd* ifdOut)
+{
+    zvtiff::TiffMemorySource source(tiff.data(), tiff.size());
+    zvtiff::TiffStructure structure;
+    EXPECT_EQ(zvtiff::ReadTiffStructure(source, &structure), zvtiff::TiffStatus::Ok);
+    const zvtiff::TiffIfd& ifd = structure.ifds.at(0);
+    *ifdOut = ifd;
+    const auto* offsets = ifd.Find(zvtiff::kTagStripOffsets);
+    const auto* counts = ifd.Find(zvtiff::kTagStripByteCounts);
+    bool packed = zvtiff::ReadImageFacts(ifd).compression == 32773;
+    std::vector<uint8_t> pixels;
+    for (size_t i = 0; i < offsets->values.size(); ++i) {
+        const uint8_t* p = tiff.data() + offsets->values[i];
+        std::vector<uint8_t> strip = packed ? UnpackBits(p, counts->values[i]) : std::vector<uint8_t>(p, p + counts->values[i]);
+        pixels.insert(pixels.end(), strip.begin(), strip.end());
+    }
+    return pixels;
+}
+
+TEST(FileWriters, TiffStripsHoldThePixelsInEachLayout)
+{
+    Image image = MakeOrDie(20, 7, 24);
+    for (int32_t y = 0; y < 7; ++y)
+        for (int32_t x = 0; x < 20; ++x) image.SetPixelValue(x, y, x < 10 ? 0x102030 : uint32_t(0xFFFFFF));
+    image.SetPixelValue(3, 2, 0xABCDEF);
+    image.Header()->xPelsPerMeter = image.Header()->yPelsPerMeter = 11811;  // 300 dpi
+
+    for (uint32_t compression : {1u, 32773u}) {
+        zvtiff::TiffTypeSpec spec;
+        spec.compression = compression;
+        spec.rowsPerStrip = 3;
+        std::vector<uint8_t> tiff;
+        ASSERT_EQ(WriteTiffBytes(image, spec, &tiff), 0);
+        zvtiff::TiffIfd ifd;
+        std::vector<uint8_t> pixels = Pixels(tiff, &ifd);
+        zvtiff::TiffImageFacts facts = zvtiff::ReadImageFacts(ifd);
+        EXPECT_EQ(facts.compression, compression);
+        EXPECT_EQ(facts.rowsPerStrip, 3u);
+        EXPECT_EQ(ifd.Find(zvtiff::kTagStripOffsets)->values.size(), 3u);
+        EXPECT_EQ(zvtiff::EntryNumber(*ifd.Find(zvtiff::kTagXResolution), 0, 0), 300u);
+        ASSERT_EQ(pixels.size(), 20u * 7 * 3);
+        EXPECT_EQ(pixels[(2 * 20 + 3) * 3], 0xAB);
+        EXPECT_EQ(pixels[(2 * 20 + 3) * 3 + 2], 0xEF);
+        EXPECT_EQ(pixels[(6 * 20 + 19) * 3 + 1], 0xFF);
+    }
+
+    // Bilevel, bits in reversed fill order: black is 1.
+    zvtiff::TiffTypeSpec fax;
+    fax.bitsPerSample = 1;
+    fax.fillOrder = 2;
+    std::vector<uint8_t> tiff;
+    ASSERT_EQ(WriteTiffBytes(image, fax, &tiff), 0);
+    zvtiff::TiffIfd ifd;
+    std::vector<uint8_t> pixels = Pixels(tiff, &ifd);
+    EXPECT_EQ(zvtiff::ReadImageFacts(ifd).photometric, 0u);
+    EXPECT_EQ(zvtiff::ReadImageFacts(ifd).fillOrder, 2u);
+    ASSERT_EQ(pixels.size(), 3u * 7);
+    EXPECT_EQ(pixels[0], 0xFF);  // pixels 0..7 are dark
+    EXPECT_EQ(pixels[1], 0x03);  // 8 and 9 dark, in the low bits
+    EXPECT_EQ(pixels[2], 0x00);
+
+    zvtiff::TiffTypeSpec lzw;
+    lzw.compression = 5;
+    EXPECT_EQ(WriteTiffBytes(image, lzw, &tiff), kEngineBadArgument);
+}
+
+TEST(FileWriters, GifGetsItsInterlaceFlagAndTransparentEntry)
+{
+    // A GIF87a of 2 x 2 with a global table of black and white, no control block.
+    std::vector<uint8_t> gif = {'G', 'I', 'F', '8', '7', 'a', 2, 0, 2, 0, 0x80, 0, 0,
+                                0, 0, 0, 255, 255, 255,
+                                0x2C, 0, 0, 0, 0, 2, 0, 2, 0, 0,
+                                2, 2, 0x44, 0x01, 0, 0x3B};
+    std::vector<uint8_t> plain = gif;
+    ASSERT_EQ(FinishGif(gif, true, 0xFFFFFF), 0);
+    EXPECT_EQ(std::string(gif.begin(), gif.begin() + 6), "GIF89a");
+    // The control block goes in front of the descriptor, naming entry 1.
+    const std::vector<uint8_t> control = {0x21, 0xF9, 4, 1, 0, 0, 1, 0};
+    EXPECT_EQ(std::vector<uint8_t>(gif.begin() + 19, gif.begin() + 27), control);
+    EXPECT_EQ(gif[27], 0x2C);
+    EXPECT_EQ(gif[27 + 9] & 0x40, 0x40);
+
+    // A colour the table lacks makes nothing transparent; a cut file is refused.
+    std::vector<uint8_t> other = plain;
+    ASSERT_EQ(FinishGif(other, false, 0x123456), 0);
+    EXPECT_EQ(other, plain);
+    std::vector<uint8_t> cut(plain.begin(), plain.begin() + 22);
+    EXPECT_EQ(FinishGif(cut, true, 0), kEngineFileFormat);
+
+    Image rows = MakeOrDie(1, 10, 8);
+    for (int32_t y = 0; y < 10; ++y) rows.SetPixelValue(0, y, uint32_t(y));
+    Image interlaced = InterlacedRows(rows);
+    std::string order;
+    for (int32_t y = 0; y < 10; ++y) order += char('0' + interlaced.PixelValue(0, y));
+    EXPECT_EQ(order, "0842613579");
+}
+
+TEST(FileWriters, EpsMovesTheSharedGrayToBlackByTheReplacementShare)
+{
+    Image image = MakeOrDie(1, 1, 24);
+    image.SetPixelValue(0, 0, 0x406080);  // inks C 191, M 159, Y 127
+    EpsOptions options;
+    options.cmyk = true;
+    options.grayReplacement = 0.5;
+    options.formFeed = true;
+    std::vector<uint8_t> eps;
+    ASSERT_EQ(WriteEpsBytes(image, options, &eps), 0);
+    std::string text(eps.begin(), eps.end());
+    EXPECT_EQ(text.rfind("%!PS-Adobe-3.0 EPSF-3.0", 0), 0u);
+    EXPECT_NE(text.find("/DeviceCMYK setcolorspace"), std::string::npos);
+    // Black takes half of 127: 64; each ink gives it up.
+    EXPECT_NE(text.find("\n7F5F3F40\n>"), std::string::npos) << text;
+    EXPECT_EQ(text.back(), '\f');
+
+    options.preview = "FINEBW";
+    ASSERT_EQ(WriteEpsBytes(image, options, &eps), 0);
+    ASSERT_GT(eps.size(), 30u);
+    EXPECT_EQ(eps[0], 0xC5);
+    uint32_t tiffAt = eps[20] | eps[21] << 8 | eps[22] << 16 | uint32_t(eps[23]) << 24;
+    ASSERT_LT(tiffAt + 4, eps.size());
+    EXPECT_EQ(eps[tiffAt], 'I');
+    EXPECT_EQ(eps[tiffAt + 2], 42);
+}
+
+}  // namespace
+}  // namespace ravi::test

@@ -1,0 +1,61 @@
+#!/usr/bin/env bash
+# Writes the sample through zvconv with the tags each destination page
+# stores, then reads every file with a reader that is not ours.
+# usage: check_written_files.sh WINE ZVCONV SAMPLE.bmp OUTDIR
+set -uo pipefail
+wine=$1 zvconv=$2 sample=$3 out=$4
+mkdir -p "$out"
+failures=0
+
+fail() { echo "FAIL: $*"; failures=$((failures + 1)); }
+
+# write NAME EXT TAGLINES...: zvconv SAMPLE -> OUTDIR/NAME.EXT with the tags.
+write() {
+    local name=$1 ext=$2; shift 2
+    printf '%s\n' "$@" > "$out/$name.tags"
+    rm -f "$out/$name.$ext"
+    if ! "$wine" "$zvconv" "Z:$sample" "Z:$out/$name.$ext" "Z:$out/$name.tags" > "$out/$name.log" 2>&1; then
+        fail "$name: zvconv failed"; cat "$out/$name.log"; return 1
+    fi
+}
+
+expect() {  # what, got, wanted
+    if [ "$2" != "$3" ]; then fail "$1: got '$2', wanted '$3'"; else echo "ok: $1 = $3"; fi
+}
+
+# TIFF: the flavour's compression and strips.
+if write tiff_packbits tif 'TIFTYPE=COMP=32773;PHOTO=2;BPS=8;SPP=3;FILL=1;PLANAR=1;PRED=1;STRIPS=4'; then
+    info=$(tiffinfo "$out/tiff_packbits.tif" 2>&1)
+    expect "TIFF compression" "$(grep -o 'Compression Scheme: .*' <<<"$info")" "Compression Scheme: PackBits"
+    expect "TIFF rows per strip" "$(grep -o 'Rows/Strip: .*' <<<"$info")" "Rows/Strip: 4"
+fi
+if write tiff_bilevel tif 'TIFTYPE=COMP=1;PHOTO=0;BPS=1;SPP=1;FILL=2;PLANAR=1;PRED=1;STRIPS=0'; then
+    dump=$(tiffdump "$out/tiff_bilevel.tif" 2>&1)
+    expect "bilevel bits" "$(grep -o 'BitsPerSample (258) SHORT (3) 1<[0-9]*>' <<<"$dump")" "BitsPerSample (258) SHORT (3) 1<1>"
+    expect "bilevel fill order" "$(grep -o 'FillOrder (266) SHORT (3) 1<[0-9]*>' <<<"$dump")" "FillOrder (266) SHORT (3) 1<2>"
+fi
+
+# GIF: interlaced, with white transparent (the bottom right pixel is white).
+if write gif_choices gif 'GIFINT=ON' 'GIFTRANS=WHITE'; then
+    expect "GIF interlace" "$(identify -format '%[interlace]' "$out/gif_choices.gif")" "GIF"
+    expect "GIF white is transparent" "$(convert "$out/gif_choices.gif" -format '%[fx:p{63,47}.a]' info:)" "0"
+    expect "GIF red stays opaque" "$(convert "$out/gif_choices.gif" -format '%[fx:p{0,0}.a]' info:)" "1"
+fi
+
+# ICO: the chosen size.
+if write ico_size ico 'ICOSIZE=48 x 48'; then
+    expect "ICO size" "$(identify -format '%wx%h' "$out/ico_size.ico")" "48x48"
+fi
+
+# EPS: CMYK with half the gray replaced, a coarse preview; Ghostscript's
+# rendering must give the source's pixels back.
+if write eps_cmyk eps 'EPSMODEL=CMYK' 'EPSUCR=0.5' 'EPSFF=ON' 'EPSEMBVIEW=COARSEBW'; then
+    expect "EPS binary header" "$(head -c 4 "$out/eps_cmyk.eps" | od -An -tx1 | tr -d ' ')" "c5d0d3c6"
+    grep -aq '/DeviceCMYK setcolorspace' "$out/eps_cmyk.eps" || fail "EPS: no CMYK raster"
+    gs -q -dSAFER -dNOPAUSE -dBATCH -sDEVICE=ppmraw -dEPSCrop -dUseFastColor=true -r72 -sOutputFile="$out/eps_cmyk.ppm" "$out/eps_cmyk.eps"
+    expect "EPS rendering differs from the source in" \
+        "$(compare -metric AE -fuzz 2% "$sample" "$out/eps_cmyk.ppm" null: 2>&1)" "0"
+fi
+
+echo "$failures failures"
+[ "$failures" -eq 0 ]
