@@ -8,6 +8,7 @@
 #pragma once
 
 #include "dest.h"
+#include "print.h"
 #include "sheet_plan.h"
 #include "toolkit.h"
 
@@ -18,6 +19,7 @@ struct SheetPages {
     CRasterOutPropPage rasterOut;
     CVectorOutPropPage vectorOut;
     CEntityOutPropPage entityOut;
+    CPrintPosPropPage printPos;
 };
 
 // The page object of a kind, or null for a kind without a page class.

@@ -14,3 +14,14 @@ zv::PrinterSheet PrinterSheetOf(HDC dc);
 // into the tags, in inches. dialog is the running print dialog, whose list
 // names the printer, or null for the default printer.
 void ComputePrintLayout(HWND dialog);
+
+// The print position page, "Print Options". Its working record lives while
+// its window does; only one such page exists at a time.
+class CPrintPosPropPage : public CPropertyPage {
+public:
+    CPrintPosPropPage();
+    ~CPrintPosPropPage() override;
+    LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam) override;
+    void OnOK() override;
+    void OnCancel() override;
+};
