@@ -53,7 +53,10 @@ int PrintBatch(int argc, char** argv)
     OKAMOD formats(nullptr);
     int status = 0;
     for (int i = 3; i < argc; ++i) {
-        const short result = PrintImageFile(printer, &tags, &formats, argv[i], argv[i]);
+        // Each page is named after its file, without folder or extension.
+        char name[MAX_PATH] = {};
+        ZvSplitPath(argv[i], nullptr, name, nullptr);
+        const short result = PrintImageFile(printer, &tags, &formats, argv[i], name);
         std::printf("print:   %s: %s (%d)\n", argv[i], result == 0 ? "printed" : "not printed", result);
         if (result != 0)
             status = 1;

@@ -9,7 +9,9 @@
 #include <cmath>
 #include <cstdio>
 #include <string>
+#include <utility>
 
+#include "child_process.h"
 #include "print_ids.h"
 #include "print_road.h"
 #include "print_test_support.h"
@@ -47,6 +49,11 @@ struct HostPrint : PrintTest {
     // check is to find: the box on the sheet in dots and the dark side.
     void PrintAndExpect(const std::string& imagePath, const char* name, const char* darkSide)
     {
+        Print(imagePath, name);
+        Expect(name, darkSide);
+    }
+    void Print(const std::string& imagePath, const char* name)
+    {
         Dewey image;
         ASSERT_EQ(image.Open(imagePath.c_str()), 0);
         const std::string doc = std::string("zvprint-") + name;
@@ -55,6 +62,10 @@ struct HostPrint : PrintTest {
                 PrintFromHost(nullptr, &tags, &formats, &image, imagePath.c_str(), doc.c_str()));
         }));
         ASSERT_EQ(result, 1);
+    }
+    void Expect(const char* name, const char* darkSide)
+    {
+        const std::string doc = std::string("zvprint-") + name;
         ASSERT_EQ(Tag("PRNUNITS"), "IN");
         const double left = kMargin + Number("PRTLEFT"), top = kMargin + Number("PRTTOP");
         const std::string expect = std::string(ZV_PRINT_CHECKS) + "\\" + doc + ".expect";
@@ -103,6 +114,25 @@ TEST_F(HostPrint, ARotatedImageIsTurnedAndFitsTheTurnedBox)
     PrintAndExpect(path, "rotated", "turned");
     EXPECT_NEAR(Number("PRNW"), 2.0, 1e-9);
     EXPECT_NEAR(Number("PRNH"), 4.0, 1e-9);
+}
+
+TEST_F(HostPrint, ZvconvPrintsABatchWithTheStoredOptionsOfATagFile)
+{
+    ZV_REQUIRE_PRINTER();
+    const std::string image = WriteHalvedImage("zvprint-batch", 600, 300);
+    const std::string tagFile = TempFolder() + "\\zvprint-batch.tags";
+    FILE* file = std::fopen(tagFile.c_str(), "w");
+    ASSERT_NE(file, nullptr);
+    std::fputs("PRNUNITS=IN\nPRTLEFT=1\nPRTTOP=2\nPRNW=3\nPRNH=1.5\n", file);
+    std::fclose(file);
+    const std::string exe = LibraryFolder() + "\\zvconv.exe";
+    PROCESS_INFORMATION process = {};
+    ASSERT_TRUE(StartProcess(exe.c_str(), "zvconv --print \"" + tagFile + "\" \"" + image + "\"", &process));
+    EXPECT_EQ(FinishProcess(process), 0u);
+    for (auto [key, value] : {std::pair{"PRNUNITS", "IN"}, std::pair{"PRTLEFT", "1"}, std::pair{"PRTTOP", "2"},
+                              std::pair{"PRNW", "3"}, std::pair{"PRNH", "1.5"}})
+        ZvSetTag(&tags, key, value);
+    Expect("batch", "left");
 }
 
 }  // namespace
