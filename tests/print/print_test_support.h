@@ -5,6 +5,7 @@
 #include <windows.h>
 
 #include <commdlg.h>
+#include <winspool.h>
 
 #include <string>
 
@@ -13,13 +14,19 @@
 
 namespace zvtest {
 
-// The default printer's name, or "" when the machine has none.
+// The default printer's name, or "" when the machine has none. A prefix
+// may still name a printer that its spooler no longer has.
 inline std::string DefaultPrinter()
 {
     char device[256] = {};
     GetProfileStringA("windows", "device", "", device, sizeof device);
     std::string name = device;
-    return name.substr(0, name.find(','));
+    name = name.substr(0, name.find(','));
+    HANDLE printer = nullptr;
+    if (name.empty() || !OpenPrinterA(name.data(), &printer, nullptr))
+        return "";
+    ClosePrinter(printer);
+    return name;
 }
 
 // A test that prints needs a printer; without one it ends as skipped with
