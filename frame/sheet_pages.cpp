@@ -24,9 +24,9 @@ CPropertyPage* PageOf(SheetPages& pages, zv::SheetPage kind)
     case zv::SheetPage::kJpgOut: return &pages.jpgOut;
     case zv::SheetPage::kTifOut: return &pages.tifOut;
     case zv::SheetPage::kFaxOut: return &pages.faxOut;
+    case zv::SheetPage::kPrintPos: return &pages.printPos;
     case zv::SheetPage::kEditColors:
     case zv::SheetPage::kTrace:
-    case zv::SheetPage::kPrintPos:
     case zv::SheetPage::kInfo:
         break;
     }

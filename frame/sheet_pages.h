@@ -10,6 +10,7 @@
 #include "adjust.h"
 #include "dest.h"
 #include "format_pages.h"
+#include "print.h"
 #include "sheet_plan.h"
 #include "toolkit.h"
 
@@ -30,6 +31,7 @@ struct SheetPages {
     CJPGOutPropPage jpgOut;
     CTIFOutPropPage tifOut;
     CFAXOutPropPage faxOut;
+    CPrintPosPropPage printPos;
 };
 
 // The page object of a kind, or null for a kind without a page class.

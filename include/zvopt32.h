@@ -242,3 +242,25 @@ ZVOPT32_API int OkaOpenDlg(HWND owner, char* appTitle, char* helpFile, char* pat
 ZVOPT32_API int CUTSrcDlg(HWND owner, char* name);
 ZVOPT32_API UINT_PTR CALLBACK CUTSrcOptionsHookProc(HWND dialog, UINT message, WPARAM wParam, LPARAM lParam);
 }  // extern "C"
+
+// ---- Printing: the print dialog with the fit of the image to the paper.
+#include <commdlg.h>
+
+extern "C" {
+
+// Shows the system's print dialog on the host's record print (the first
+// call must have start non-zero and brings the record; a later call with
+// start 0 shows it again with what the last one left). Around the dialog
+// the image is fitted to the chosen paper and the result written into the
+// tags in inches: "PRTLEFT", "PRTTOP", "PRNW", "PRNH", the printer's
+// "PRNHR" and "PRNVR", and "PRNUNITS" "IN". The record's hDC is the
+// printer's DC, the host's to delete. 1 for OK, 2 when "Options..." ended
+// the dialog (the host then shows DoPrintPosDlg), 0 for Cancel or when
+// another dialog runs.
+ZVOPT32_API int DoPrinterDlg(HWND parent, TagSet* tags, const char* appTitle, const char* helpFile,
+                             OKAMOD* formats, const char* srcExt, const char* destExt, short operation,
+                             PRINTDLGA* print, int printFlag, Dewey* image, int start);
+// The print dialog's hook: 1 when it took the message.
+ZVOPT32_API UINT_PTR CALLBACK PrintHookProc(HWND dialog, UINT message, WPARAM wParam, LPARAM lParam);
+
+}  // extern "C"

@@ -5,6 +5,7 @@
 // file's extension.
 //
 //   zvconv IMAGE OUTPUT TAGFILE
+//   zvconv --print TAGFILE IMAGE...   prints each image with the tags' print options
 #include <windows.h>
 
 #include <cstdio>
@@ -16,6 +17,7 @@
 
 #include "okacvt32.h"
 #include "okamod32.h"
+#include "print_batch.h"
 #include "ravicli.h"
 #include "tag_file.h"
 #include "zvopt32.h"
@@ -96,6 +98,8 @@ int Fail(const char* what, const char* detail)
 
 int main(int argc, char** argv)
 {
+    if (argc >= 2 && std::strcmp(argv[1], "--print") == 0)
+        return PrintBatch(argc, argv);
     if (argc != 4) {
         std::fprintf(stderr, "usage: zvconv IMAGE OUTPUT TAGFILE\n");
         return 2;

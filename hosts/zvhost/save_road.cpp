@@ -7,6 +7,7 @@
 #include <cstring>
 
 #include "okaio32.h"
+#include "print_road.h"
 #include "okamod32.h"
 #include "ravicli.h"
 #include "zvopt32.h"
@@ -14,7 +15,7 @@
 
 namespace {
 
-enum : WORD { kOpen = 100, kSaveAs = 101, kExit = 102 };
+enum : WORD { kOpen = 100, kSaveAs = 101, kExit = 102, kPrint = 103 };
 
 // The host keeps its tags in a stored place of its own, so that the user's
 // choices (folders, formats, options) are there at the next start.
@@ -156,6 +157,23 @@ void SaveImage(HWND window)
     MessageBoxA(window, done, "Zavrin Host", MB_ICONINFORMATION);
 }
 
+// The image in hand on the printer, where the print dialog and its options
+// put it.
+void PrintImage(HWND window)
+{
+    if (g_image == nullptr) {
+        MessageBoxA(window, "Open an image first.", "Zavrin Host", MB_ICONINFORMATION);
+        return;
+    }
+    EnsureSuite();
+    const int result = PrintFromHost(window, g_tags, g_formats, g_image, g_imagePath, g_imagePath);
+    if (result < 0) {
+        char code[32];
+        std::snprintf(code, sizeof code, "code %d", result);
+        Report(window, "The image could not be printed.", code);
+    }
+}
+
 }  // namespace
 
 bool OpenImageFile(HWND window, const char* path)
@@ -192,6 +210,7 @@ void AddFileMenu(HWND window)
     HMENU file = CreatePopupMenu();
     AppendMenuA(file, MF_STRING, kOpen, "&Open...");
     AppendMenuA(file, MF_STRING, kSaveAs, "Save &As...");
+    AppendMenuA(file, MF_STRING, kPrint, "&Print...");
     AppendMenuA(file, MF_SEPARATOR, 0, nullptr);
     AppendMenuA(file, MF_STRING, kExit, "E&xit");
     HMENU bar = GetMenu(window);
@@ -212,6 +231,9 @@ bool OnFileCommand(HWND window, WORD command)
         return true;
     case kSaveAs:
         SaveImage(window);
+        return true;
+    case kPrint:
+        PrintImage(window);
         return true;
     case kExit:
         PostMessageA(window, WM_CLOSE, 0, 0);

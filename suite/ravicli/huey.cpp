@@ -19,6 +19,16 @@ short Huey::AttachWindow(HWND target, HDC)
 short Huey::Paint(tagRECT* source, tagRECT* target)
 {
     if (!window) return ravi::kEngineNoWindow;
+    HDC dc = GetDC(window);
+    if (!dc) return ravi::kEngineNoWindow;
+    short code = PaintOn(dc, source, target);
+    ReleaseDC(window, dc);
+    return code;
+}
+
+short Huey::PaintOn(HDC dc, tagRECT* source, tagRECT* target)
+{
+    if (!dc) return ravi::kEngineNoWindow;
     if (!source || !target) return ravi::kEngineBadArgument;
     if (!ravi::HasState(document)) return ravi::kEngineNoImage;
     LONG srcW = source->right - source->left, srcH = source->bottom - source->top;
@@ -28,8 +38,6 @@ short Huey::Paint(tagRECT* source, tagRECT* target)
     const LouieState& state = *document->louie->state;
     if (state.raster.Empty() && !state.emf) return ravi::kEngineNoImage;
 
-    HDC dc = GetDC(window);
-    if (!dc) return ravi::kEngineNoWindow;
     short code = 0;
     if (!state.raster.Empty()) {
         const ravi::Image& image = state.raster;
@@ -57,6 +65,5 @@ short Huey::Paint(tagRECT* source, tagRECT* target)
         if (!PlayEnhMetaFile(dc, state.emf, &whole)) code = ravi::kEngineFileFormat;
         RestoreDC(dc, saved);
     }
-    ReleaseDC(window, dc);
     return code;
 }

@@ -110,6 +110,9 @@ public:
     short AttachWindow(HWND window, HDC dc);
     // Paints the source part of the image into the target part of the window.
     short Paint(tagRECT* source, tagRECT* target);
+    // The same on any device context, a printer's among them: the engine's
+    // printing path. Needs no window.
+    short PaintOn(HDC dc, tagRECT* source, tagRECT* target);
 
     Dewey* document;
     HWND window;

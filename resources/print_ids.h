@@ -1,0 +1,58 @@
+// Numbers of the printing dialogs: the print dialog's template (the
+// system's control ids, and the one button of this library) and the print
+// position page.
+#pragma once
+
+// The print dialog.
+#define IDD_PRINT_DIALOG 1538
+#define IDC_PRINT_OPTIONS 1036
+#define IDC_PRINT_HELP 9
+#define IDC_PRINT_PRINTER_LIST 1139
+
+// The print position page.
+#define IDD_PRINT_POS 220
+#define IDC_PRN_MODE 4512
+#define IDC_PRN_PAGE_PORTRAIT 4513
+#define IDC_PRN_FRAME_PORTRAIT 4514
+#define IDC_PRN_PAGE_LANDSCAPE 4515
+#define IDC_PRN_FRAME_LANDSCAPE 4516
+#define IDC_PRN_TOP_LABEL 4500
+#define IDC_PRN_TOP 4501
+#define IDC_PRN_TOP_BAR 4502
+#define IDC_PRN_LEFT_LABEL 4503
+#define IDC_PRN_LEFT 4504
+#define IDC_PRN_LEFT_BAR 4505
+#define IDC_PRN_WIDTH_LABEL 4506
+#define IDC_PRN_WIDTH 4507
+#define IDC_PRN_WIDTH_BAR 4508
+#define IDC_PRN_HEIGHT_LABEL 4509
+#define IDC_PRN_HEIGHT 4510
+#define IDC_PRN_HEIGHT_BAR 4511
+#define IDC_PRN_CENTER 4517
+#define IDC_PRN_DISTORT 4518
+#define IDC_PRN_UNITS_LABEL 4519
+#define IDC_PRN_UNITS 4520
+#define IDC_PRN_CURVE_LABEL 4521
+#define IDC_PRN_CURVE 4522
+#define IDC_PRN_PREVIEW 4524
+#define IDC_PRN_TOP_UP 4525
+#define IDC_PRN_TOP_DOWN 4526
+#define IDC_PRN_LEFT_UP 4527
+#define IDC_PRN_LEFT_DOWN 4528
+#define IDC_PRN_WIDTH_UP 4529
+#define IDC_PRN_WIDTH_DOWN 4530
+#define IDC_PRN_HEIGHT_UP 4531
+#define IDC_PRN_HEIGHT_DOWN 4532
+#define IDC_PRN_ZOOM 4533
+#define IDC_PRN_SMOOTH 1506
+#define IDC_PRN_GRAYSCALE 1518
+#define IDC_PRN_ALLBLACK 1519
+#define IDC_PRN_REVERSE 1520
+#define IDC_PRN_INVERT 1521
+#define IDC_PRN_REVEAL 1522
+
+#define IDS_PRN_LANDSCAPE 15040
+#define IDS_PRN_PORTRAIT 15041
+#define IDS_PRN_MODE_FORMAT 15042
+#define IDS_PRN_UNITS_SHOWN 15043
+#define IDS_PRN_UNITS_VALUES 15044
