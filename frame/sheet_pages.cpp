@@ -14,6 +14,7 @@ CPropertyPage* PageOf(SheetPages& pages, zv::SheetPage kind)
     case zv::SheetPage::kEntityOut: return &pages.entityOut;
     case zv::SheetPage::kRasterOut: return &pages.rasterOut;
     case zv::SheetPage::kVectorOut: return &pages.vectorOut;
+    case zv::SheetPage::kTrace: return &pages.trace;
     case zv::SheetPage::kEpsOut:
     case zv::SheetPage::kGifOut:
     case zv::SheetPage::kIcoOut:
@@ -24,7 +25,6 @@ CPropertyPage* PageOf(SheetPages& pages, zv::SheetPage kind)
     case zv::SheetPage::kAdjColors:
     case zv::SheetPage::kEditColors:
     case zv::SheetPage::kNumColors:
-    case zv::SheetPage::kTrace:
     case zv::SheetPage::kPrintPos:
     case zv::SheetPage::kResize:
     case zv::SheetPage::kInfo:

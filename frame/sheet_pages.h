@@ -10,6 +10,7 @@
 #include "dest.h"
 #include "sheet_plan.h"
 #include "toolkit.h"
+#include "trace.h"
 
 // Every page of a sheet, constructed together on the stack of the entry
 // whether the sheet adds it or not.
@@ -18,6 +19,7 @@ struct SheetPages {
     CRasterOutPropPage rasterOut;
     CVectorOutPropPage vectorOut;
     CEntityOutPropPage entityOut;
+    CTracePropPage trace;
 };
 
 // The page object of a kind, or null for a kind without a page class.
