@@ -191,6 +191,35 @@ void PaintImage(HWND window, HDC dc)
     g_view->Paint(&source, &target);
 }
 
+Dewey* HostImage()
+{
+    return g_image;
+}
+
+const char* HostImagePath()
+{
+    return g_imagePath;
+}
+
+TagSet* HostTags()
+{
+    EnsureSuite();
+    return g_tags;
+}
+
+OKAMOD* HostFormats()
+{
+    EnsureSuite();
+    return g_formats;
+}
+
+void SetHostImagePath(HWND window, const char* path)
+{
+    lstrcpynA(g_imagePath, path, sizeof g_imagePath);
+    ShowTitle(window);
+    InvalidateRect(window, nullptr, TRUE);
+}
+
 void CloseFileMenu()
 {
     delete g_view;

@@ -11,6 +11,7 @@
 #include <iterator>
 
 #include "save_road.h"
+#include "trace_menu.h"
 
 namespace {
 
@@ -56,6 +57,8 @@ LRESULT CALLBACK HostWindowProc(HWND window, UINT message, WPARAM wParam, LPARAM
     case WM_COMMAND:
         if (OnFileCommand(window, LOWORD(wParam)))
             return 0;
+        if (OnTraceCommand(window, LOWORD(wParam)))
+            return 0;
         break;
     case WM_PAINT: {
         PAINTSTRUCT paint;
@@ -100,6 +103,7 @@ int WINAPI WinMain(HINSTANCE instance, HINSTANCE, LPSTR commandLine, int show)
     if (!window)
         return 1;
     AddFileMenu(window);
+    AddTraceMenu(window);
     ShowWindow(window, show);
     UpdateWindow(window);
     std::printf("window \"%s\" shown\n", kTitle);
