@@ -606,7 +606,7 @@ void TraceCentreLines(const Labels& labels, const TraceParams& params, Drawing& 
 
 double ToleranceInPixels(int genTol)
 {
-    return 0.5 + 0.25 * double(std::clamp(genTol, 0, 16));
+    return 0.3 + 0.15 * double(std::clamp(genTol, 0, 16));
 }
 
 std::size_t Drawing::NodeCount() const
