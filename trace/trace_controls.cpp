@@ -183,7 +183,9 @@ ZVOPT32_API void TraceInitDialog(HWND dialog, HINSTANCE, TagSet* tags, const cha
     LoadList(dialog, IDC_TRACE_LINEWIDTH, IDC_TRACE_LINEWIDTH_LABEL, IDS_LINEWIDTH_SHOWN, IDS_LINEWIDTH_VALUES, method,
              "R2VFW", module, tags);
 
-    SetDefault(tags, TagKey(method, "GENTOL"), centerline ? "6" : "3");
+    // Only the outline method starts tight; any other starts looser.
+    const bool outline = chosen != nullptr && zv::EqualNoCase(chosen, kOutline);
+    SetDefault(tags, TagKey(method, "GENTOL"), outline ? "3" : "6");
     DisplayTrackBarTag(dialog, IDC_TRACE_GENTOL_BAR, IDC_TRACE_GENTOL, method, "GENTOL", 0, 16, tags);
     DisplayCheckBoxTag(dialog, IDC_TRACE_BEZGEN, method, "BEZGEN", tags);
     DisplayCheckBoxTag(dialog, IDC_TRACE_ARCGEN, method, "ARCGEN", tags);
