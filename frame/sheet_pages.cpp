@@ -25,8 +25,8 @@ CPropertyPage* PageOf(SheetPages& pages, zv::SheetPage kind)
     case zv::SheetPage::kTifOut: return &pages.tifOut;
     case zv::SheetPage::kFaxOut: return &pages.faxOut;
     case zv::SheetPage::kPrintPos: return &pages.printPos;
+    case zv::SheetPage::kTrace: return &pages.trace;
     case zv::SheetPage::kEditColors:
-    case zv::SheetPage::kTrace:
     case zv::SheetPage::kInfo:
         break;
     }

@@ -13,6 +13,7 @@
 #include "print.h"
 #include "sheet_plan.h"
 #include "toolkit.h"
+#include "trace.h"
 
 // Every page of a sheet, constructed together on the stack of the entry
 // whether the sheet adds it or not.
@@ -32,6 +33,7 @@ struct SheetPages {
     CTIFOutPropPage tifOut;
     CFAXOutPropPage faxOut;
     CPrintPosPropPage printPos;
+    CTracePropPage trace;
 };
 
 // The page object of a kind, or null for a kind without a page class.

@@ -87,6 +87,35 @@ ZVOPT32_API short TraceGetLineWidth(TagSet* tags, const char* prefix);
 // key (64 bytes) = prefix + the value of prefix+"TRACE" + name.
 ZVOPT32_API void TraceMakeTag(TagSet* tags, const char* prefix, const char* name, char* key);
 
+// The trace controls on any dialog that carries their numbers (4800 to
+// 4826); a control that a dialog lacks is passed over. The string lists
+// come from this library whatever module is given. prefix is the
+// conversion prefix (64 bytes) that TraceInitDialog composes.
+ZVOPT32_API void TraceCopyOneTag(TagSet* from, TagSet* to, const char* prefix, const char* name);
+// The seven option tags of the method that from holds for prefix.
+ZVOPT32_API void TraceCopyTags(TagSet* from, TagSet* to, const char* prefix);
+// Fills the controls and writes the defaults that are absent; destKey (64
+// bytes) becomes "CLP" for the clipboard (5) and "~~~" for anything but a
+// conversion to a file (2), whose extension goes in front of the caption.
+ZVOPT32_API void TraceInitDialog(HWND dialog, HINSTANCE module, TagSet* tags, const char* srcKey, char* destKey,
+                                 const char* destExt, char* prefix, short operation);
+// Reads the controls back; a bad tolerance clears *valid.
+ZVOPT32_API void TraceRetrieveTags(HWND dialog, HINSTANCE module, TagSet* tags, const char* prefix, int* valid);
+// The method buttons (wParam 0 acts whatever the button shows).
+ZVOPT32_API void TraceDoCenterlineButton(HWND dialog, HINSTANCE module, TagSet* tags, const char* prefix,
+                                         WPARAM wParam, LPARAM lParam);
+ZVOPT32_API void TraceDoOutlineButton(HWND dialog, HINSTANCE module, TagSet* tags, const char* prefix,
+                                      WPARAM wParam, LPARAM lParam);
+// The tolerance's edit moves its track bar, and the bar its edit.
+ZVOPT32_API void TraceDoGenTolEdit(HWND dialog, WPARAM wParam, LPARAM lParam);
+ZVOPT32_API int TraceDoHScroll(HWND dialog, WPARAM wParam, LPARAM lParam);
+// Help from "zvtrace.hlp" beside helpFile, for WM_COMMAND of the Help
+// button (9), WM_HELP and WM_CONTEXTMENU. The message arguments have the
+// width of the platform's, since WM_HELP and WM_CONTEXTMENU carry a pointer
+// and a window in them.
+ZVOPT32_API void TraceDoHelp(HWND window, const char* helpFile, unsigned int message, WPARAM wParam,
+                             LPARAM lParam);
+
 }  // extern "C"
 
 // The message that a CapSection posts to the owner of its section when it

@@ -38,13 +38,13 @@ const char* ExtensionOf(const char* path)
 
 void RunPage(HWND window, Entry entry)
 {
-    Dewey* image = ImageInHand();
+    Dewey* image = HostImage();
     if (image == nullptr) {
         MessageBoxA(window, "Open an image first.", "Zavrin Host", MB_ICONINFORMATION);
         return;
     }
     char srcExt[16] = {};
-    lstrcpynA(srcExt, ExtensionOf(ImagePathInHand()), sizeof srcExt);
+    lstrcpynA(srcExt, ExtensionOf(HostImagePath()), sizeof srcExt);
     // Operation 0: the page changes the image itself when the user says OK.
     if (entry(window, HostTags(), "Zavrin Host", nullptr, HostFormats(), srcExt, srcExt, 0, image))
         InvalidateRect(window, nullptr, TRUE);
@@ -71,7 +71,7 @@ void AddImageMenu(HWND window)
 bool OnImageCommand(HWND window, WORD command)
 {
     if (command == kUndo) {
-        if (Dewey* image = ImageInHand()) {
+        if (Dewey* image = HostImage()) {
             image->UndoRedo();
             InvalidateRect(window, nullptr, TRUE);
         }

@@ -265,24 +265,12 @@ void PaintImage(HWND window, HDC dc)
     g_view->Paint(&source, &target);
 }
 
-void CloseFileMenu()
-{
-    delete g_view;
-    delete g_image;
-    delete g_tags;
-    delete g_formats;
-    g_view = nullptr;
-    g_image = nullptr;
-    g_tags = nullptr;
-    g_formats = nullptr;
-}
-
-Dewey* ImageInHand()
+Dewey* HostImage()
 {
     return g_image;
 }
 
-const char* ImagePathInHand()
+const char* HostImagePath()
 {
     return g_imagePath;
 }
@@ -297,4 +285,23 @@ OKAMOD* HostFormats()
 {
     EnsureSuite();
     return g_formats;
+}
+
+void SetHostImagePath(HWND window, const char* path)
+{
+    lstrcpynA(g_imagePath, path, sizeof g_imagePath);
+    ShowTitle(window);
+    InvalidateRect(window, nullptr, TRUE);
+}
+
+void CloseFileMenu()
+{
+    delete g_view;
+    delete g_image;
+    delete g_tags;
+    delete g_formats;
+    g_view = nullptr;
+    g_image = nullptr;
+    g_tags = nullptr;
+    g_formats = nullptr;
 }

@@ -21,9 +21,16 @@ void PaintImage(HWND window, HDC dc);
 // Frees the image and the tags.
 void CloseFileMenu();
 
-// What the other menus work on: the image in hand (null when none), the
-// path it came from, and the host's tags and registry, made on first use.
-Dewey* ImageInHand();
-const char* ImagePathInHand();
+class Dewey;
+class TagSet;
+class OKAMOD;
+
+// The image in hand, for the host's other menus: the document (null before
+// one is open), its file (the source of a conversion), and the host's tags
+// and formats, made on first use.
+Dewey* HostImage();
+const char* HostImagePath();
 TagSet* HostTags();
 OKAMOD* HostFormats();
+// Makes path the file of the image in hand, as after opening it.
+void SetHostImagePath(HWND window, const char* path);

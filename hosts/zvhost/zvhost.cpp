@@ -13,6 +13,7 @@
 
 #include "image_menu.h"
 #include "save_road.h"
+#include "trace_menu.h"
 
 namespace {
 
@@ -59,6 +60,8 @@ LRESULT CALLBACK HostWindowProc(HWND window, UINT message, WPARAM wParam, LPARAM
         if (OnFileCommand(window, LOWORD(wParam)))
             return 0;
         if (OnImageCommand(window, LOWORD(wParam)))
+            return 0;
+        if (OnTraceCommand(window, LOWORD(wParam)))
             return 0;
         break;
     case WM_PAINT: {
@@ -122,6 +125,7 @@ int WINAPI WinMain(HINSTANCE instance, HINSTANCE, LPSTR commandLine, int show)
         return 1;
     AddFileMenu(window);
     AddImageMenu(window);
+    AddTraceMenu(window);
     ShowWindow(window, show);
     UpdateWindow(window);
     std::printf("window \"%s\" shown\n", kTitle);

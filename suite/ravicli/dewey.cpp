@@ -24,6 +24,7 @@ void ReplacePicture(LouieState& state, Image&& image, HENHMETAFILE emf)
     state.undoRaster = Image();
     state.undoEmf = nullptr;
     state.sectionCurrent = false;
+    state.traced = false;
 }
 
 namespace {
@@ -38,6 +39,7 @@ void PushHistory(LouieState& state)
     state.emf = nullptr;
     state.hasUndo = true;
     state.sectionCurrent = false;
+    state.traced = false;
 }
 
 }  // namespace
@@ -338,19 +340,43 @@ short Dewey::UndoRedo()
     std::swap(state.raster, state.undoRaster);
     std::swap(state.emf, state.undoEmf);
     state.sectionCurrent = false;
+    state.traced = false;
     return 0;
 }
 
-short Dewey::PrepRaster(short, short, short)
+short Dewey::PrepRaster(short undither, short despeckle, short maxColors)
 {
     if (!ravi::HasState(this)) return ravi::kEngineNoMemory;
-    return ravi::kEngineNotAvailable;
+    LouieState& state = *louie->state;
+    if (state.traced) return 0;
+    if (state.raster.Empty()) return state.emf ? ravi::kEngineNotSupported : ravi::kEngineNoImage;
+    return ApplyToRaster(state, [=](ravi::Image& image) {
+        return ravi::PrepareForTrace(image, undither, despeckle, maxColors);
+    });
 }
 
-short Dewey::Vectorize(short, short, short, short, short, short)
+// The last number is kept for later use and must be 0.
+short Dewey::Vectorize(short method, short genTol, short bezGen, short arcGen, short lineWidth, short reserved)
 {
     if (!ravi::HasState(this)) return ravi::kEngineNoMemory;
-    return ravi::kEngineNotAvailable;
+    if (reserved != 0 || bezGen < 0 || bezGen > 1 || arcGen < 0 || arcGen > 1) return ravi::kEngineBadArgument;
+    LouieState& state = *louie->state;
+    if (state.traced) return 0;
+    if (state.raster.Empty()) return state.emf ? ravi::kEngineNotSupported : ravi::kEngineNoImage;
+    ravi::TraceParams params;
+    params.method = method;
+    params.genTol = genTol;
+    params.bezier = bezGen != 0;
+    params.arcs = arcGen != 0;
+    params.lineWidth = lineWidth;
+    ravi::Drawing drawing;
+    short code = ravi::TraceImage(state.raster, params, &drawing);
+    if (code != 0) return code;
+    HENHMETAFILE emf = ravi::MetafileFromDrawing(drawing, state.traceOverlay ? &state.raster : nullptr);
+    if (!emf) return ravi::kEngineNoMemory;
+    ravi::CommitVector(state, emf);
+    state.traced = true;
+    return 0;
 }
 
 short Dewey::RefreshOptions(const char* path)
@@ -373,6 +399,8 @@ short Dewey::RefreshOptions(const char* path)
         state.jpegQuality = 1.0f - float(factor - 2) / 253.0f;
     }
     ravi::ReadFileOptions(options, &state.fileOptions);
+    const char* view = options.Get("TRACEVIEW");
+    state.traceOverlay = view && lstrcmpiA(view, "OVERLAY") == 0;
     return 0;
 }
 

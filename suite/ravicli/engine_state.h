@@ -10,6 +10,7 @@
 
 #include "portable/dib.h"
 #include "portable/engine_codes.h"
+#include "portable/tracer.h"
 #include "ravicli.h"
 #include "file_options.h"
 
@@ -53,6 +54,12 @@ public:
     // Options read from the tag set at optionsPath, for files written.
     float jpegQuality = -1.0f;  // 0..1, negative: the encoder's own
     ravi::FileOptions fileOptions;
+    // "TRACEVIEW" of "OVERLAY": a traced drawing keeps its raster under it.
+    bool traceOverlay = false;
+    // The picture in hand is the drawing that Vectorize made. DoOptions
+    // traces with direct calls while it writes the script, whose own
+    // PrepRaster and Vectorize lines then find the work done.
+    bool traced = false;
 };
 
 namespace ravi {
@@ -88,6 +95,12 @@ void ReplacePicture(LouieState& state, ravi::Image&& image, HENHMETAFILE emf);
 
 // A metafile that draws a raster image at its size.
 HENHMETAFILE MetafileFromRaster(const ravi::Image& image);
+// A traced drawing as a metafile, over the raster `under` or over its
+// background colour when that is null (trace_metafile.cpp).
+HENHMETAFILE MetafileFromDrawing(const Drawing& drawing, const Image* under);
+// A new metafile of width by height pixels of the screen; the caller draws
+// into it and closes it.
+HDC BeginMetafile(long width, long height);
 
 // The script's Reduce line, whose palette and screen are given otherwise
 // than in the direct call.

@@ -17,9 +17,11 @@ ENHMETAHEADER HeaderOf(HENHMETAFILE emf)
     return header;
 }
 
+}  // namespace
+
 // A new metafile of width by height pixels of the screen, as a frame in
 // hundredths of a millimetre.
-HDC BeginMetafile(long width, long height)
+HDC ravi::BeginMetafile(long width, long height)
 {
     HDC screen = GetDC(nullptr);
     int mmX = GetDeviceCaps(screen, HORZSIZE), mmY = GetDeviceCaps(screen, VERTSIZE);
@@ -29,6 +31,8 @@ HDC BeginMetafile(long width, long height)
     ReleaseDC(nullptr, screen);
     return dc;
 }
+
+namespace {
 
 struct ColourPass {
     ravi::ColourMap map;

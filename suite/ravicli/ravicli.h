@@ -26,7 +26,7 @@ struct IRGB {
 // images, scripts and files stand in portable/engine_codes.h (-4101 and on).
 enum RavicliCode : short {
     kRavicliNothingToUndo = -4160,  // UndoRedo with no change behind it
-    kRavicliNotAvailable = -4161,   // PrepRaster and Vectorize: this engine does no tracing
+    kRavicliNotAvailable = -4161,   // kept for hosts that test for it; tracing is now always there
     kRavicliNoWindow = -4162,       // a view painted without a window
 };
 

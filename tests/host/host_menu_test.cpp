@@ -1,6 +1,9 @@
 #include <gtest/gtest.h>
 
+#include "engine_test_support.h"
 #include "save_road.h"
+#include "trace_ids.h"
+#include "trace_menu.h"
 #include "output_ids.h"
 #include "ravicli.h"
 #include "host_dialogs.h"
@@ -101,6 +104,55 @@ TEST(HostMenu, TheFileOnTheCommandLineIsOpenedAtStart)
     GetFullPathNameA(ZV_SAMPLE_BMP, sizeof full, full, nullptr);
     EXPECT_EQ(title, std::string("Zavrin Host - ") + full + " - 64 x 48, 24 bits");
     EXPECT_EQ(zvtest::FinishProcess(process), 0u);
+}
+
+}  // namespace
+
+namespace {
+
+// Image > Trace with the dialog's defaults (outline, 16 colours): the image
+// in hand becomes a drawing, which Save As writes as a WMF that reads back
+// as a vector drawing of the sample's bands.
+TEST(HostMenu, TraceMakesADrawingThatSaveAsWritesAsAMetafile)
+{
+    std::string source = zvtest::TempFolder() + "\\hosttrace.bmp";
+    std::string target = zvtest::TempFolder() + "\\hosttrace.wmf";
+    ASSERT_TRUE(CopyFileA(ZV_SAMPLE_BMP, source.c_str(), FALSE));
+    DeleteFileA(target.c_str());
+    RegDeleteTreeA(HKEY_CURRENT_USER, "Software\\Zavrin\\Tags\\zvhost");
+    HWND window = CreateWindowA("STATIC", "Zavrin Host", WS_OVERLAPPEDWINDOW, 0, 0, 400, 300, nullptr, nullptr,
+                                nullptr, nullptr);
+    AddFileMenu(window);
+    AddTraceMenu(window);
+
+    zvtest::DialogDriver open;
+    open.WaitWindow("Open");
+    TypeName(open, source);
+    open.PressOk();
+    open.Run([&] { return INT_PTR(OnFileCommand(window, 100)); });
+
+    zvtest::DialogDriver trace;
+    trace.WaitControl(IDC_TRACE_OUTLINE).SetCheck(IDC_TRACE_BEZGEN, true).PressOk();
+    trace.Run([&] { return INT_PTR(OnTraceCommand(window, 200)); });
+    ASSERT_NE(HostImage(), nullptr);
+    EXPECT_FALSE(HostImage()->IsRaster());
+    EXPECT_NE(zvtest::DialogDriver::TextOf(window).find("zvhost_traced.emf"), std::string::npos);
+
+    zvtest::DialogDriver save;
+    save.WaitWindow("Save As").WaitControl(zvtest::kTypeList);
+    TypeName(save, target);
+    save.PressOk().AnswerMessageBox(IDOK, "Written");
+    save.Run([&] { return INT_PTR(OnFileCommand(window, 101)); });
+
+    Dewey drawing;
+    ASSERT_EQ(drawing.Open(target.c_str()), 0);
+    EXPECT_FALSE(drawing.IsRaster());
+    ASSERT_EQ(drawing.Rasterize(64, 48, 24), 0);
+    EXPECT_EQ(enginetest::Rgb(drawing, 8, 8), 0xFF0000u);
+    EXPECT_EQ(enginetest::Rgb(drawing, 56, 8), 0x0000FFu);
+    EXPECT_EQ(enginetest::Rgb(drawing, 32, 23), 0xFFFF00u);
+    CloseFileMenu();
+    DestroyWindow(window);
 }
 
 }  // namespace

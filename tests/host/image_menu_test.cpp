@@ -31,18 +31,18 @@ TEST(HostImageMenu, RotateTurnsTheOpenImageAndUndoTurnsItBack)
     zvtest::TypeName(open, source);
     open.PressOk();
     open.Run([&] { return INT_PTR(OnFileCommand(window, 100)); });
-    ASSERT_NE(ImageInHand(), nullptr);
-    const std::string before = Size(ImageInHand());
+    ASSERT_NE(HostImage(), nullptr);
+    const std::string before = Size(HostImage());
 
     zvtest::DialogDriver rotate;
     rotate.WaitControl(IDC_ROT_ANGLE).SetText(IDC_ROT_ANGLE, "90").PressOk();
     rotate.Run([&] { return INT_PTR(OnImageCommand(window, 201)); });
-    const std::string turned = Size(ImageInHand());
+    const std::string turned = Size(HostImage());
     EXPECT_NE(turned, before);
     EXPECT_EQ(turned, before.substr(before.find(" x ") + 3) + " x " + before.substr(0, before.find(" x ")));
 
     EXPECT_TRUE(OnImageCommand(window, 299));  // Undo
-    EXPECT_EQ(Size(ImageInHand()), before);
+    EXPECT_EQ(Size(HostImage()), before);
 
     CloseFileMenu();
     DestroyWindow(window);
