@@ -20,9 +20,10 @@ DLGPROC SourceDialogProcedure(zv::SourceDialogProc which)
         return Zv3dSrcOptionsDlgProc;
     case zv::SourceDialogProc::kInputOptions:
         return InputOptionsDlgProc;
+    case zv::SourceDialogProc::kPicPgl:
+        return PICPGLSrcDlgProc;
     case zv::SourceDialogProc::kNone:
     case zv::SourceDialogProc::kPcl:          // PCLSrcDlgProc
-    case zv::SourceDialogProc::kPicPgl:       // PICPGLSrcDlgProc
         break;
     }
     return nullptr;

@@ -253,6 +253,9 @@ ZVOPT32_API INT_PTR CALLBACK PCDSrcDlgProc(HWND dialog, UINT message, WPARAM wPa
 ZVOPT32_API INT_PTR CALLBACK CLPSrcDlgProc(HWND dialog, UINT message, WPARAM wParam, LPARAM lParam);
 ZVOPT32_API INT_PTR CALLBACK InputOptionsDlgProc(HWND dialog, UINT message, WPARAM wParam, LPARAM lParam);
 ZVOPT32_API INT_PTR CALLBACK Zv3dSrcOptionsDlgProc(HWND dialog, UINT message, WPARAM wParam, LPARAM lParam);
+// The pen table of the plotter formats (templates 211 and 212): written at
+// each change of a list, so Cancel keeps it.
+ZVOPT32_API INT_PTR CALLBACK PICPGLSrcDlgProc(HWND dialog, UINT message, WPARAM wParam, LPARAM lParam);
 }  // extern "C"
 
 // Asks for the image file to read (or, with multiple, several: path then

@@ -21,6 +21,12 @@ LRESULT CALLBACK WatchedComboProc(HWND combo, UINT message, WPARAM wParam, LPARA
 
 }  // namespace
 
+HWND FileDialogFrame(HWND child)
+{
+    HWND frame = GetParent(child);
+    return frame != nullptr ? frame : child;
+}
+
 HWND FileNameBox(HWND frame)
 {
     if (HWND edit = GetDlgItem(frame, kFileNameEdit))

@@ -13,6 +13,9 @@
 constexpr int kFileNameEdit = 1152;   // edt1
 constexpr int kFileNameCombo = 1148;  // cmb13
 
+// The system dialog around the library's child dialog.
+HWND FileDialogFrame(HWND child);
+
 // The edit that holds the file name.
 HWND FileNameBox(HWND frame);
 

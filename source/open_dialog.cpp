@@ -16,6 +16,7 @@
 #include "resource_ids.h"
 #include "seams.h"
 #include "source.h"
+#include "source_dialogs.h"
 #include "source_ids.h"
 #include "zvopt32.h"
 #include "zvwio32.h"
@@ -26,9 +27,6 @@ HWND openHookDlg = nullptr;
 namespace {
 
 constexpr int kFilterKindSource = 'S';
-// A host that gives the dialog its own title opens with its own reading:
-// only the formats' own source dialogs are offered.
-constexpr short kOpenWithHostTitle = 7;
 
 void StartFolder(TagSet* tags, char (&dir)[zv::kLongPathSize])
 {
@@ -122,7 +120,7 @@ extern "C" ZVOPT32_API int DoOpenDlg(HWND owner, TagSet* tags, char* appTitle, c
     work[0] = '\0';
     options->openPath = work;
     if (title != nullptr)
-        options->operation = kOpenWithHostTitle;
+        options->operation = kOperationOpenWithTitle;
     options->filterList = ZvCreateFilterList(options->formats, LibraryModule(), kFilterKindSource, IDS_ALL_FILES, 0);
     if (options->filterList != nullptr && options->filterList[1] != nullptr)
         zv::CopyBounded(work, kOpenBufferSize, options->filterList[1]);

@@ -13,6 +13,7 @@
 #include "open_dialog.h"
 #include "seams.h"
 #include "source.h"
+#include "source_dialogs.h"
 #include "source_ids.h"
 #include "zvopt32.h"
 #include "zvwio32.h"
@@ -20,16 +21,9 @@
 namespace {
 
 constexpr int kTypeList = 1136;  // cmb1
-constexpr short kOpenWithHostTitle = 7;
 constexpr DWORD kHelpOpenDialog = 1001;
 constexpr DWORD kHelpOptionsButton = 1006;
 constexpr DWORD kHelpWarningsBox = 1067;
-
-HWND FrameOf(HWND child)
-{
-    HWND frame = GetParent(child);
-    return frame != nullptr ? frame : child;
-}
 
 // The spec of the name box or of the selection, into the work buffer.
 bool GetSpecIntoWork(HWND frame)
@@ -59,7 +53,7 @@ bool IsSourceExt(const char* ext)
 unsigned short SourceDialogOf(const char* key, DLGPROC* proc)
 {
     OptionContext* options = Options();
-    return GetSrcDlgId(key, proc, options->srcType, options->operation != kOpenWithHostTitle);
+    return GetSrcDlgId(key, proc, options->srcType, options->operation != kOperationOpenWithTitle);
 }
 
 void EnableOptions(bool enable)
@@ -72,7 +66,7 @@ void OnSelectionChange(HWND child)
 {
     OptionContext* options = Options();
     bool enable = false;
-    HWND frame = FrameOf(child);
+    HWND frame = FileDialogFrame(child);
     if (GetSpecIntoWork(frame)) {
         if (const char* dot = std::strrchr(options->openPath, '.')) {
             zv::CopyBounded(options->srcExt, dot + 1);
@@ -122,7 +116,7 @@ void OnOptionsButton(HWND child)
     OptionContext* options = Options();
     char name[zv::kLongPathSize] = {};
     char key[zv::kKeySize] = {};
-    if (GetSpecIntoWork(FrameOf(child))) {
+    if (GetSpecIntoWork(FileDialogFrame(child))) {
         char dir[zv::kLongPathSize] = {}, ext[zv::kLongPathSize] = {};
         ZvSplitPath(options->openPath, dir, name, ext);
         CharUpperA(ext);
@@ -161,7 +155,7 @@ bool HasOpenHelp(int id)
 void OnInitDone(HWND child)
 {
     OptionContext* options = Options();
-    HWND frame = FrameOf(child);
+    HWND frame = FileDialogFrame(child);
     openHookDlg = child;
     openOldDlgProc = reinterpret_cast<DLGPROC>(
         SetWindowLongPtrA(frame, DWLP_DLGPROC, reinterpret_cast<LONG_PTR>(OpenDlgFrameProc)));
@@ -211,7 +205,7 @@ UINT_PTR CALLBACK OpenDlgHookProc(HWND child, UINT message, WPARAM wParam, LPARA
     case WM_DESTROY:
         UnwatchFileNameBox();
         if (openOldDlgProc != nullptr) {
-            SetWindowLongPtrA(FrameOf(child), DWLP_DLGPROC, reinterpret_cast<LONG_PTR>(openOldDlgProc));
+            SetWindowLongPtrA(FileDialogFrame(child), DWLP_DLGPROC, reinterpret_cast<LONG_PTR>(openOldDlgProc));
             openOldDlgProc = nullptr;
         }
         openHookDlg = nullptr;

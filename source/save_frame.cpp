@@ -26,12 +26,6 @@ constexpr int kHelpOptionsButton = 1041;
 constexpr int kHelpTargetAppButton = 1028;
 constexpr int kHelpWarningsBox = 1067;
 
-HWND FrameOf(HWND child)
-{
-    HWND frame = GetParent(child);
-    return frame != nullptr ? frame : child;
-}
-
 HWND NameBox(HWND frame)
 {
     return FileNameBox(frame);
@@ -81,7 +75,7 @@ void EnableOptions(bool enable)
 // destination and its tags follow.
 void OnTypeChange(HWND child)
 {
-    HWND frame = FrameOf(child);
+    HWND frame = FileDialogFrame(child);
     char spec[kSpecRoom];
     if (saveFixupBusy || !GetSpec(frame, spec))
         return;
@@ -185,7 +179,7 @@ void OnOptionsButton(HWND child)
     // The sheet and the metafile class dialog take the guard themselves.
     DialogGuardRelease release;
     OptionContext* options = Options();
-    HWND parent = FrameOf(child);
+    HWND parent = FileDialogFrame(child);
     if (SendMessageA(parent, CDM_GETSPEC, kSpecRoom, reinterpret_cast<LPARAM>(options->savePath)) <= 0)
         return;
     PathParts parts;
@@ -230,7 +224,7 @@ void OnTargetAppButton(HWND child)
     // The target application dialog takes the guard itself.
     DialogGuardRelease release;
     OptionContext* options = Options();
-    HWND parent = FrameOf(child);
+    HWND parent = FileDialogFrame(child);
     if (RunGuardedDialog(parent, IDD_TARGET_APP, TargetAppDlgProc) == 0)
         return;
     const char* tag = IsRasterType(options->srcType) ? "RDESTTYPE" : "VDESTTYPE";
@@ -279,7 +273,7 @@ void UnwatchNameCombo()
 void OnInitDone(HWND child)
 {
     OptionContext* options = Options();
-    HWND frame = FrameOf(child);
+    HWND frame = FileDialogFrame(child);
     saveHookDlg = child;
     saveOldDlgProc = reinterpret_cast<DLGPROC>(
         SetWindowLongPtrA(frame, DWLP_DLGPROC, reinterpret_cast<LONG_PTR>(SaveDlgFrameProc)));
@@ -331,7 +325,7 @@ UINT_PTR CALLBACK SaveDlgHookProc(HWND child, UINT message, WPARAM wParam, LPARA
     case WM_DESTROY:
         UnwatchNameCombo();
         if (saveOldDlgProc != nullptr) {
-            SetWindowLongPtrA(FrameOf(child), DWLP_DLGPROC, reinterpret_cast<LONG_PTR>(saveOldDlgProc));
+            SetWindowLongPtrA(FileDialogFrame(child), DWLP_DLGPROC, reinterpret_cast<LONG_PTR>(saveOldDlgProc));
             saveOldDlgProc = nullptr;
         }
         saveHookDlg = nullptr;

@@ -13,9 +13,6 @@
 
 namespace {
 
-// The operation of a host that opens with its own title: it reads with its
-// own scaling, so the scaling choice is not offered.
-constexpr short kOpenWithHostTitle = 7;
 // The registry value is read into a buffer of this size.
 constexpr DWORD kClassValueSize = 40;
 
@@ -67,7 +64,7 @@ void ShowSrcDlgCaption(HWND dialog)
 void DisplayScalingChoice(HWND dialog, const char* key)
 {
     ShowSrcDlgCaption(dialog);
-    if (Options()->operation == kOpenWithHostTitle) {
+    if (Options()->operation == kOperationOpenWithTitle) {
         Enable(dialog, IDC_SRC_SCALE_OFF, IDC_SRC_SCALE_WIDTH, false);
         return;
     }

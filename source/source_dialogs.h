@@ -8,6 +8,11 @@
 #include "bounded_text.h"
 #include "option_core.h"
 
+// The operation of a host that opens with its own title and its own
+// reading: only the formats' own source dialogs are offered, and those
+// offer no scaling.
+constexpr short kOperationOpenWithTitle = 7;
+
 // The key of the dialog's format: the internal extension of the context's
 // srcExt, upper case. Every option tag of a source dialog is key + NAME.
 void LoadSourceKey(char (&key)[zv::kKeySize]);

@@ -76,6 +76,22 @@ TEST(HostMenu, AnOpenedImageIsPaintedFittedToTheWindow)
     DestroyWindow(window);
 }
 
+// A file of a format the engine doesn't read is told by the format's name.
+TEST(HostMenu, AFormatTheEngineCannotReadIsNamedInTheMessage)
+{
+    std::string source = TempFolder() + "\\unreadable.pcd";
+    HANDLE file = CreateFileA(source.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS, 0, nullptr);
+    CloseHandle(file);
+    HWND window = CreateWindowA("STATIC", "", WS_POPUP, 0, 0, 400, 300, nullptr, nullptr, nullptr, nullptr);
+    zvtest::DialogDriver d;
+    std::string told;
+    d.AnswerMessageBox(IDOK, "could not be opened", &told);
+    EXPECT_EQ(d.Run([&] { return INT_PTR(OpenImageFile(window, source.c_str())); }), 0);
+    EXPECT_NE(told.find("as Kodak Photo CD (pcd)"), std::string::npos) << told;
+    CloseFileMenu();
+    DestroyWindow(window);
+}
+
 // The host started with a file on its command line shows it at once and
 // names it, its size and its depth in the title.
 TEST(HostMenu, TheFileOnTheCommandLineIsOpenedAtStart)

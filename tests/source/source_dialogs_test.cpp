@@ -187,5 +187,32 @@ TEST_F(SourceDialog, TheClipboardFormHasNoFormatKeyAndMemorizeTakesTheHostsChild
     EXPECT_EQ(Tag("KEPT"), "yes");
 }
 
+// The pen table is written at each change of a list, so Cancel keeps it;
+// each format has its own default colours.
+TEST_F(SourceDialog, ThePenTableIsWrittenAtEachChangeAndCancelKeepsIt)
+{
+    d.WaitWindow("PGL Source Options").PickCombo(IDC_PEN_NUMBER, "2").PickCombo(IDC_PEN_COLOR, "Red");
+    d.PickCombo(IDC_PEN_NUMBER, "0").ExpectEnabled(IDC_PEN_WIDTH, false);
+    d.PickCombo(IDC_PEN_NUMBER, "15").PickCombo(IDC_PEN_WIDTH, "4").Click(IDC_PGL_TRIM);
+    d.Screenshot("source_pgl").PressCancel();
+    EXPECT_EQ(Run("PGL", 2), 0);
+    EXPECT_EQ(Tag("PGLP2"), "AA0000");
+    EXPECT_EQ(Tag("PGLW2"), "1");
+    EXPECT_EQ(Tag("PGLP0"), "FFFFFF");
+    EXPECT_EQ(Tag("PGLW0"), "<absent>");
+    EXPECT_EQ(Tag("PGLP15"), "FFFF55");
+    EXPECT_EQ(Tag("PGLW15"), "4");
+    EXPECT_EQ(Tag("PGLSRCPEN"), "15");
+    EXPECT_EQ(Tag("PGLMINMAX"), "ON");
+
+    d.WaitWindow("PIC Source Options").PickCombo(IDC_PEN_NUMBER, "2").PickCombo(IDC_PEN_NUMBER, "15");
+    d.Screenshot("source_pic").PressOk();
+    EXPECT_EQ(Run("PIC", 2), 1);
+    EXPECT_EQ(Tag("PICP2"), "00AA00");
+    EXPECT_EQ(Tag("PICP15"), "000000");
+    EXPECT_EQ(Tag("PICMINMAX"), "<absent>");
+    EXPECT_EQ(Tag("PICSCALE"), "ON");
+}
+
 }  // namespace
 }  // namespace zvtest
