@@ -7,6 +7,7 @@
 #include <cstdint>
 #include <string>
 
+#include "portable/encoder_options.h"
 #include "portable/file_writers.h"
 
 #include "okaio32.h"
@@ -22,9 +23,5 @@ struct FileOptions {
 };
 
 void ReadFileOptions(TagSet& tags, FileOptions* out);
-
-// The compression value that the platform's TIFF encoder takes for a TIFF
-// compression number, or -1 for one it has no name for.
-int WicTiffCompression(uint32_t tiffCompression, uint32_t predictor);
 
 }  // namespace ravi

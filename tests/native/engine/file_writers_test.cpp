@@ -5,6 +5,7 @@
 
 #include <string>
 
+#include "encoder_options.h"
 #include "engine_codes.h"
 #include "engine_test_util.h"
 #include "file_writers.h"
@@ -151,6 +152,20 @@ TEST(FileWriters, EpsMovesTheSharedGrayToBlackByTheReplacementShare)
     ASSERT_LT(tiffAt + 4, eps.size());
     EXPECT_EQ(eps[tiffAt], 'I');
     EXPECT_EQ(eps[tiffAt + 2], 42);
+}
+
+TEST(FileWriters, EncodersAreAskedForTheQualityAndCompressionThePagesChose)
+{
+    // The best factor is the best quality; 20, the page's default, is 0.929.
+    EXPECT_FLOAT_EQ(JpegQualityFromFactor(2), 1.0f);
+    EXPECT_NEAR(JpegQualityFromFactor(20), 0.9289f, 1e-4);
+    EXPECT_FLOAT_EQ(JpegQualityFromFactor(255), 0.0f);
+    EXPECT_FLOAT_EQ(JpegQualityFromFactor(300), 0.0f);
+    EXPECT_EQ(WicTiffCompression(5, 1), 4);
+    EXPECT_EQ(WicTiffCompression(5, 2), 7);
+    EXPECT_EQ(WicTiffCompression(4, 1), 3);
+    EXPECT_EQ(WicTiffCompression(32946, 1), 6);
+    EXPECT_EQ(WicTiffCompression(2, 1), -1);
 }
 
 }  // namespace
