@@ -5,6 +5,8 @@
 
 #include <cstdlib>
 #include <cstring>
+#include <string>
+#include <utility>
 
 #include "okaio32.h"
 
@@ -39,6 +41,11 @@ void ReadFileOptions(TagSet& tags, FileOptions* out)
         lstrcpynA(upper, view, sizeof upper);
         CharUpperA(upper);
         out->eps.preview = upper;
+    }
+    for (auto [key, fax] : {std::pair<const char*, FileOptions::Fax*>{"DCX", &out->dcx}, {"SCI", &out->sci}}) {
+        std::string vr = std::string(key) + "VR", mpage = std::string(key) + "MPAGE";
+        if (const char* pitch = tags.Get(vr.c_str())) fax->fine = std::atoi(pitch) != 2592;
+        fax->multiPage = IsOn(tags.Get(mpage.c_str()));
     }
 }
 
