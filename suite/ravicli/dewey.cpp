@@ -389,15 +389,9 @@ short Dewey::RefreshOptions(const char* path)
     LouieState& state = *louie->state;
     lstrcpynA(state.optionsPath, path, sizeof state.optionsPath);
 
-    // "JPGQ" is a quality factor from 2 (best) to 255 (smallest file); the
-    // imaging component takes a quality from 0 to 1 the other way round.
     state.jpegQuality = -1.0f;
     const char* q = options.Get("JPGQ");
-    if (q && *q) {
-        long factor = std::strtol(q, nullptr, 10);
-        factor = std::clamp(factor, 2L, 255L);
-        state.jpegQuality = 1.0f - float(factor - 2) / 253.0f;
-    }
+    if (q && *q) state.jpegQuality = ravi::JpegQualityFromFactor(std::strtol(q, nullptr, 10));
     ravi::ReadFileOptions(options, &state.fileOptions);
     const char* view = options.Get("TRACEVIEW");
     state.traceOverlay = view && lstrcmpiA(view, "OVERLAY") == 0;

@@ -5,6 +5,8 @@
 
 #include <cstdlib>
 #include <cstring>
+#include <string>
+#include <utility>
 
 #include "okaio32.h"
 
@@ -40,20 +42,10 @@ void ReadFileOptions(TagSet& tags, FileOptions* out)
         CharUpperA(upper);
         out->eps.preview = upper;
     }
-}
-
-int WicTiffCompression(uint32_t tiffCompression, uint32_t predictor)
-{
-    // The values of WICTiffCompressionOption.
-    switch (tiffCompression) {
-    case 1: return 1;                       // none
-    case 3: return 2;                       // CCITT group 3
-    case 4: return 3;                       // CCITT group 4
-    case 5: return predictor == 2 ? 7 : 4;  // LZW, with horizontal differencing
-    case 32773: return 5;                   // PackBits
-    case 8:
-    case 32946: return 6;                   // Deflate
-    default: return -1;
+    for (auto [key, fax] : {std::pair<const char*, FileOptions::Fax*>{"DCX", &out->dcx}, {"SCI", &out->sci}}) {
+        std::string vr = std::string(key) + "VR", mpage = std::string(key) + "MPAGE";
+        if (const char* pitch = tags.Get(vr.c_str())) fax->fine = std::atoi(pitch) != 2592;
+        fax->multiPage = IsOn(tags.Get(mpage.c_str()));
     }
 }
 

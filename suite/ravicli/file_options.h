@@ -7,6 +7,8 @@
 #include <cstdint>
 #include <string>
 
+#include "portable/encoder_options.h"
+#include "portable/fax_writer.h"
 #include "portable/file_writers.h"
 
 #include "okaio32.h"
@@ -19,12 +21,15 @@ struct FileOptions {
     int64_t gifTransparent = -1;  // "GIFTRANS": 0x000000 for BLACK, 0xFFFFFF for WHITE, -1 for none
     int iconSide = 0;             // "ICOSIZE" ("48 x 48"): 0 keeps the image's size
     EpsOptions eps;               // "EPSMODEL", "EPSUCR", "EPSFF", "EPSEMBVIEW"
+    // The fax kinds, each by its own key: K+"VR" 1296 is fine (the default,
+    // as the page opens these kinds on Fine), K+"MPAGE" cuts pages.
+    struct Fax {
+        bool fine = true;
+        bool multiPage = false;
+    };
+    Fax dcx, sci;
 };
 
 void ReadFileOptions(TagSet& tags, FileOptions* out);
-
-// The compression value that the platform's TIFF encoder takes for a TIFF
-// compression number, or -1 for one it has no name for.
-int WicTiffCompression(uint32_t tiffCompression, uint32_t predictor);
 
 }  // namespace ravi

@@ -57,7 +57,7 @@ private:
     bool owned_ = false;
 };
 
-enum class FileKind { Unknown, Bmp, Png, Jpeg, Gif, Tiff, Ico, Wmf, Emf, Eps };
+enum class FileKind { Unknown, Bmp, Png, Jpeg, Gif, Tiff, Ico, Wmf, Emf, Eps, Dcx, Sci };
 
 FileKind KindOfPath(const char* path)
 {
@@ -72,7 +72,7 @@ FileKind KindOfPath(const char* path)
         {"bmp", FileKind::Bmp}, {"dib", FileKind::Bmp},  {"png", FileKind::Png},   {"jpg", FileKind::Jpeg},
         {"jpeg", FileKind::Jpeg}, {"jpe", FileKind::Jpeg}, {"gif", FileKind::Gif},   {"tif", FileKind::Tiff},
         {"tiff", FileKind::Tiff}, {"ico", FileKind::Ico},  {"wmf", FileKind::Wmf},   {"emf", FileKind::Emf},
-        {"eps", FileKind::Eps},
+        {"eps", FileKind::Eps}, {"dcx", FileKind::Dcx},  {"sci", FileKind::Sci},
     };
     for (const Entry& entry : table)
         if (lstrcmpiA(dot + 1, entry.ext) == 0) return entry.kind;
@@ -662,6 +662,14 @@ short WriteImageFile(const char* path, const Image& raster, HENHMETAFILE emf, fl
         return code != 0 ? code : WriteIcon(path, icon);
     }
     if (kind == FileKind::Eps) return WriteEps(path, *image, options.eps);
+    if (kind == FileKind::Dcx || kind == FileKind::Sci) {
+        // The fax kinds are written as TIFF class F.
+        const FileOptions::Fax& fax = kind == FileKind::Dcx ? options.dcx : options.sci;
+        std::vector<unsigned char> tiff;
+        short code = WriteFaxTiffBytes(*image, fax.fine, fax.multiPage, &tiff);
+        if (code != 0) return code;
+        return WriteWholeFile(path, tiff.data(), tiff.size()) ? short(0) : short(kEngineFileWrite);
+    }
     if (kind == FileKind::Tiff && !options.tiffType.empty()) return WriteTiff(path, *image, options.tiffType);
     if (kind == FileKind::Gif && (options.gifInterlace || options.gifTransparent >= 0))
         return WriteGif(path, *image, options);

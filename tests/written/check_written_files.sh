@@ -57,5 +57,22 @@ if write eps_cmyk eps 'EPSMODEL=CMYK' 'EPSUCR=0.5' 'EPSFF=ON' 'EPSEMBVIEW=COARSE
         "$(compare -metric AE -fuzz 2% "$sample" "$out/eps_cmyk.ppm" null: 2>&1)" "0"
 fi
 
+# Fax: TIFF class F, Modified Huffman, coarse; libtiff decodes it to the
+# sample's pixels made bilevel.
+if write fax_coarse dcx 'DCXVR=2592' 'DCXMPAGE=ON'; then
+    info=$(tiffinfo "$out/fax_coarse.dcx" 2>&1)
+    expect "fax compression" "$(grep -o 'Compression Scheme: .*' <<<"$info")" "Compression Scheme: CCITT Group 3"
+    expect "fax resolution" "$(grep -o 'Resolution: .*' <<<"$info")" "Resolution: 204, 98 pixels/inch"
+    expect "fax line" "$(grep -o 'Image Width: [0-9]*' <<<"$info")" "Image Width: 1728"
+    if tiffcp -c none "$out/fax_coarse.dcx" "$out/fax_plain.tif" 2>"$out/fax_decode.log" && [ ! -s "$out/fax_decode.log" ]; then
+        convert "$out/fax_plain.tif" -crop 64x48+0+0 +repage "$out/fax_page.pbm"
+        convert "$sample" -colorspace gray -threshold 50% "$out/fax_expected.pbm"
+        expect "fax pixels differing from the bilevel sample" \
+            "$(compare -metric AE "$out/fax_expected.pbm" "$out/fax_page.pbm" null: 2>&1)" "0"
+    else
+        fail "fax: libtiff cannot decode it"; cat "$out/fax_decode.log"
+    fi
+fi
+
 echo "$failures failures"
 [ "$failures" -eq 0 ]

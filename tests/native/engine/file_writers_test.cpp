@@ -5,7 +5,9 @@
 
 #include <string>
 
+#include "encoder_options.h"
 #include "engine_codes.h"
+#include "fax_writer.h"
 #include "engine_test_util.h"
 #include "file_writers.h"
 #include "tiff_reader.h"
@@ -151,6 +153,44 @@ TEST(FileWriters, EpsMovesTheSharedGrayToBlackByTheReplacementShare)
     ASSERT_LT(tiffAt + 4, eps.size());
     EXPECT_EQ(eps[tiffAt], 'I');
     EXPECT_EQ(eps[tiffAt + 2], 42);
+}
+
+TEST(FileWriters, FaxPagesAreClassFInTheirResolution)
+{
+    Image image = MakeOrDie(100, kFaxCoarsePageRows + 1, 1);
+    for (bool multiPage : {false, true}) {
+        std::vector<uint8_t> fax;
+        ASSERT_EQ(WriteFaxTiffBytes(image, false, multiPage, &fax), 0);
+        zvtiff::TiffMemorySource source(fax.data(), fax.size());
+        zvtiff::TiffStructure tiff;
+        ASSERT_EQ(zvtiff::ReadTiffStructure(source, &tiff), zvtiff::TiffStatus::Ok);
+        ASSERT_EQ(tiff.ifds.size(), multiPage ? 2u : 1u);
+        zvtiff::TiffImageFacts facts = zvtiff::ReadImageFacts(tiff.ifds[0]);
+        EXPECT_EQ(facts.width, uint32_t(kFaxWidth));
+        EXPECT_EQ(facts.height, multiPage ? uint32_t(kFaxCoarsePageRows) : uint32_t(kFaxCoarsePageRows + 1));
+        EXPECT_EQ(facts.compression, 3u);
+        EXPECT_EQ(facts.fillOrder, 2u);
+        EXPECT_EQ(facts.t4Options, 4u);
+        EXPECT_EQ(zvtiff::EntryNumber(*tiff.ifds[0].Find(zvtiff::kTagYResolution), 0, 0), 98u);
+        // Each line starts with an EOL ending on a byte, low bits first.
+        uint32_t data = tiff.ifds[0].Find(zvtiff::kTagStripOffsets)->values[0];
+        EXPECT_EQ(fax[data], 0x00);
+        EXPECT_EQ(fax[data + 1], 0x80);
+    }
+}
+
+TEST(FileWriters, EncodersAreAskedForTheQualityAndCompressionThePagesChose)
+{
+    // The best factor is the best quality; 20, the page's default, is 0.929.
+    EXPECT_FLOAT_EQ(JpegQualityFromFactor(2), 1.0f);
+    EXPECT_NEAR(JpegQualityFromFactor(20), 0.9289f, 1e-4);
+    EXPECT_FLOAT_EQ(JpegQualityFromFactor(255), 0.0f);
+    EXPECT_FLOAT_EQ(JpegQualityFromFactor(300), 0.0f);
+    EXPECT_EQ(WicTiffCompression(5, 1), 4);
+    EXPECT_EQ(WicTiffCompression(5, 2), 7);
+    EXPECT_EQ(WicTiffCompression(4, 1), 3);
+    EXPECT_EQ(WicTiffCompression(32946, 1), 6);
+    EXPECT_EQ(WicTiffCompression(2, 1), -1);
 }
 
 }  // namespace
