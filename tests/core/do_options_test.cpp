@@ -147,9 +147,11 @@ TEST_F(Conversion, AStoredAngleOfAnySignTurnsThePicture)
 
 TEST_F(Conversion, AnEngineRefusalComesBackAndTheFileStillGoes)
 {
-    // A raster source to a metafile forced to vector asks for tracing,
-    // which the engine refuses with a code of its own.
+    // A raster source traced into a metafile drawing, with a colour depth
+    // as well: the image is traced while the script is written, so the
+    // script's Reduce line finds a drawing, which the engine refuses.
     tags.Set("WMFRVFORCE", "V");
+    tags.Set("WMFDEP", "4");
     auto before = TempFiles();
     short result = DoOptions(image, tags.tags, "BMP", "WMF", formats);
     EXPECT_LT(result, 0);
