@@ -188,6 +188,15 @@ ZVOPT32_API int DoPropertiesDlg(HWND parent, TagSet* tags, const char* appTitle,
 }  // extern "C"
 // ============================================================ end option sheets
 
+// ---- Warnings: one modeless list of the engine's warnings for the whole
+// session, outside the one-dialog rule, owned by parent and served by the
+// host's message loop. The line "code text" is in the list when DoWarning
+// returns (always 1); closing the dialog empties it for the next warning.
+extern "C" {
+ZVOPT32_API int DoWarning(HWND parent, int code);
+ZVOPT32_API INT_PTR CALLBACK WarningsDlgProc(HWND dialog, UINT message, WPARAM wParam, LPARAM lParam);
+}  // extern "C"
+
 // ---- The save road: the save dialog and the dialogs it opens.
 extern "C" {
 

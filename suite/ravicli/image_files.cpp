@@ -14,6 +14,7 @@
 #include <vector>
 
 #include "engine_state.h"
+#include "engine_warnings.h"
 #include "portable/raster_kernels.h"
 
 namespace {
@@ -229,7 +230,11 @@ short ReadThroughWic(const char* path, ravi::Image& image)
         return ravi::kEngineFileFormat;
     ComPtr<IWICBitmapFrameDecode> frame;
     if (FAILED(decoder->GetFrame(0, &frame))) return ravi::kEngineFileFormat;
-    return ImageFromFrame(factory.get(), frame.get(), image);
+    short code = ImageFromFrame(factory.get(), frame.get(), image);
+    UINT frames = 0;
+    if (code == 0 && SUCCEEDED(decoder->GetFrameCount(&frames)) && frames > 1)
+        ravi::ReportWarning(kRavicliWarnFirstPageOnly);
+    return code;
 }
 
 // A Windows metafile, with or without the placeable header in front that
@@ -360,9 +365,12 @@ short EncodeToStream(IWICImagingFactory* factory, IStream* stream, const GUID& c
 {
     ravi::Image image = source;
     short code = 0;
+    // What the format lost is told once the file is written.
+    short lost = 0;
     // What each encoder takes: GIF only palettes of 8 bits, JPEG no palette.
     if (IsEqualGUID(container, GUID_ContainerFormatGif)) {
         if (image.Bits() > 8) {
+            lost = kRavicliWarnColorsReduced;
             ravi::ReduceParams params;
             params.depth = 8;
             params.method = ravi::kReduceDiffuse;
@@ -371,6 +379,7 @@ short EncodeToStream(IWICImagingFactory* factory, IStream* stream, const GUID& c
         }
         if (code == 0 && image.Bits() < 8) code = ravi::ConvertDepth(image, 8);
     } else if (IsEqualGUID(container, GUID_ContainerFormatJpeg) && image.Bits() != 24) {
+        if (HasAlpha(image)) lost = kRavicliWarnAlphaDropped;
         code = ravi::ConvertDepth(image, 24);
     }
     if (code != 0) return code;
@@ -382,7 +391,10 @@ short EncodeToStream(IWICImagingFactory* factory, IStream* stream, const GUID& c
         stream->Seek(zero, STREAM_SEEK_SET, nullptr);
         if (FAILED(encoder->Initialize(stream, WICBitmapEncoderNoCache))) return ravi::kEngineFileWrite;
         HRESULT hr = EncodeFrame(factory, encoder.get(), image, jpegQuality);
-        if (hr == S_OK) return 0;
+        if (hr == S_OK) {
+            if (lost != 0) ravi::ReportWarning(lost);
+            return 0;
+        }
         if (FAILED(hr)) return ravi::kEngineFileWrite;
         // The encoder wants another depth: 24 bits is what they all take.
         if (attempt == 0 && (code = ravi::ConvertDepth(image, 24)) != 0) return code;
@@ -574,8 +586,9 @@ short WriteImageFile(const char* path, const Image& raster, HENHMETAFILE emf, fl
         if (code != 0) return code;
         image = &drawn;
     }
-    if (kind == FileKind::Ico) return WriteIcon(path, *image);
-    return WriteThroughWic(path, kind, *image, jpegQuality);
+    short code = kind == FileKind::Ico ? WriteIcon(path, *image) : WriteThroughWic(path, kind, *image, jpegQuality);
+    if (code == 0 && image == &drawn) ReportWarning(kRavicliWarnDrawingRasterized);
+    return code;
 }
 
 }  // namespace ravi
