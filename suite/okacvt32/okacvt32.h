@@ -26,3 +26,25 @@ public:
 // wide and high, of the curve at column x. Note the order: gamma first.
 OKACVT32_API short CvtCreateGammaValue(short count, short gamma, short contrast, short bright,
                                        unsigned char* table);
+
+// A file mapped into memory for reading and writing, for the life of the
+// object; what is written through data lands in the file and is seen by
+// every other mapping of it. size 0 maps the whole file; a larger size
+// grows the file to it. flags are kept for the suite's other uses and must
+// be 0. status is 0, or a negative code of MsgLib when the file could not
+// be opened or mapped; then data is null and size 0.
+class OKACVT32_API FMap : public OKAObject {
+public:
+    FMap(char* name, long size, unsigned short flags);
+    ~FMap();
+    FMap(const FMap&) = delete;
+    FMap& operator=(const FMap&) = delete;
+
+    unsigned char* data;
+    unsigned long size;
+    short status;
+
+private:
+    HANDLE file_;
+    HANDLE mapping_;
+};

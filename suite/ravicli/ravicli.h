@@ -115,6 +115,15 @@ public:
     Louie* louie;  // first field: hosts read it directly
 };
 
+// The information block of a view. Of it the library's region editor reads
+// the two rectangles: the shown part of the image in source units, and where
+// that part lies on the device.
+struct taghueyinfo {
+    long reserved[4];
+    RECT source;
+    RECT device;
+};
+
 // A view of a Dewey in a window.
 class RAVICLI_API Huey : public OKAObject {
 public:
