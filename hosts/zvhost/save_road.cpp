@@ -171,24 +171,42 @@ bool OnFileCommand(HWND window, WORD command)
     }
 }
 
-void PaintImage(HWND window, HDC dc)
+bool ImageView(HWND window, RECT* source, RECT* target)
 {
-    if (g_image == nullptr || g_view == nullptr)
-        return;
+    if (g_image == nullptr)
+        return false;
     long width = 0, height = 0;
     g_image->GetInfo(&width, &height, nullptr, nullptr, nullptr);
     RECT client;
     GetClientRect(window, &client);
     if (width <= 0 || height <= 0)
-        return;
+        return false;
     // Fit the picture into the window, keeping its proportions.
     double scale = std::min(static_cast<double>(client.right) / width, static_cast<double>(client.bottom) / height);
     if (scale > 1.0)
         scale = 1.0;
-    RECT source = {0, 0, width, height};
-    RECT target = {0, 0, static_cast<LONG>(width * scale), static_cast<LONG>(height * scale)};
+    *source = RECT{0, 0, width, height};
+    *target = RECT{0, 0, static_cast<LONG>(width * scale), static_cast<LONG>(height * scale)};
+    return true;
+}
+
+void PaintImage(HWND window, HDC dc)
+{
+    RECT source, target;
+    if (g_view == nullptr || !ImageView(window, &source, &target))
+        return;
     g_view->AttachWindow(window, dc);
     g_view->Paint(&source, &target);
+}
+
+Dewey* CurrentImage()
+{
+    return g_image;
+}
+
+const char* CurrentImagePath()
+{
+    return g_imagePath;
 }
 
 void CloseFileMenu()

@@ -10,7 +10,10 @@
 #include <cstring>
 #include <iterator>
 
+#include "regions_mode.h"
+#include "ravicli.h"
 #include "save_road.h"
+#include "zvopt32.h"
 
 namespace {
 
@@ -56,15 +59,25 @@ LRESULT CALLBACK HostWindowProc(HWND window, UINT message, WPARAM wParam, LPARAM
     case WM_COMMAND:
         if (OnFileCommand(window, LOWORD(wParam)))
             return 0;
+        if (OnRegionsCommand(window, LOWORD(wParam)))
+            return 0;
+        break;
+    case WM_LBUTTONDOWN:
+    case WM_MOUSEMOVE:
+    case WM_LBUTTONUP:
+        if (OnRegionsMouse(window, message, lParam))
+            return 0;
         break;
     case WM_PAINT: {
         PAINTSTRUCT paint;
         HDC dc = BeginPaint(window, &paint);
         PaintImage(window, dc);
+        PaintRegions(window, dc);
         EndPaint(window, &paint);
         return 0;
     }
     case WM_DESTROY:
+        CloseRegions();
         CloseFileMenu();
         PostQuitMessage(0);
         return 0;
@@ -100,6 +113,10 @@ int WINAPI WinMain(HINSTANCE instance, HINSTANCE, LPSTR commandLine, int show)
     if (!window)
         return 1;
     AddFileMenu(window);
+    AddRegionsMenu(window);
+    // Every warning of the engine, of any open or save, lands in the
+    // library's one warnings list over this window.
+    RavicliSetWarningHandler(DoWarning, window);
     ShowWindow(window, show);
     UpdateWindow(window);
     std::printf("window \"%s\" shown\n", kTitle);
