@@ -14,12 +14,12 @@ CPropertyPage* PageOf(SheetPages& pages, zv::SheetPage kind)
     case zv::SheetPage::kEntityOut: return &pages.entityOut;
     case zv::SheetPage::kRasterOut: return &pages.rasterOut;
     case zv::SheetPage::kVectorOut: return &pages.vectorOut;
-    case zv::SheetPage::kEpsOut:
-    case zv::SheetPage::kGifOut:
-    case zv::SheetPage::kIcoOut:
-    case zv::SheetPage::kJpgOut:
-    case zv::SheetPage::kTifOut:
-    case zv::SheetPage::kFaxOut:
+    case zv::SheetPage::kEpsOut: return &pages.epsOut;
+    case zv::SheetPage::kGifOut: return &pages.gifOut;
+    case zv::SheetPage::kIcoOut: return &pages.icoOut;
+    case zv::SheetPage::kJpgOut: return &pages.jpgOut;
+    case zv::SheetPage::kTifOut: return &pages.tifOut;
+    case zv::SheetPage::kFaxOut: return &pages.faxOut;
     case zv::SheetPage::kRotate:
     case zv::SheetPage::kAdjColors:
     case zv::SheetPage::kEditColors:

@@ -8,6 +8,7 @@
 #pragma once
 
 #include "dest.h"
+#include "format_pages.h"
 #include "sheet_plan.h"
 #include "toolkit.h"
 
@@ -18,6 +19,12 @@ struct SheetPages {
     CRasterOutPropPage rasterOut;
     CVectorOutPropPage vectorOut;
     CEntityOutPropPage entityOut;
+    CEPSOutPropPage epsOut;
+    CGIFOutPropPage gifOut;
+    CICOOutPropPage icoOut;
+    CJPGOutPropPage jpgOut;
+    CTIFOutPropPage tifOut;
+    CFAXOutPropPage faxOut;
 };
 
 // The page object of a kind, or null for a kind without a page class.

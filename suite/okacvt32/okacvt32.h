@@ -27,6 +27,14 @@ public:
 OKACVT32_API short CvtCreateGammaValue(short count, short gamma, short contrast, short bright,
                                        unsigned char* table);
 
+// Scans the first image of a TIFF file. With mode 0 it gives the image's
+// type text (grammar in docs/tiff_type_text.md) in a block of OkiAllocSMem
+// that the caller frees, and 0 in *code; on failure null and in *code the
+// negative id of the options library's string that tells what went wrong
+// (tiff_type_text.h). No other mode is served: it gives null and
+// kCvtInvalidParameter. buffer is not used in mode 0.
+OKACVT32_API char* CvtScanTiff(const char* path, short* code, int mode, char* buffer);
+
 // A file mapped into memory for reading and writing, for the life of the
 // object; what is written through data lands in the file and is seen by
 // every other mapping of it. size 0 maps the whole file; a larger size
