@@ -20,6 +20,7 @@ CPropertyPage* PageOf(SheetPages& pages, zv::SheetPage kind)
     case zv::SheetPage::kJpgOut: return &pages.jpgOut;
     case zv::SheetPage::kTifOut: return &pages.tifOut;
     case zv::SheetPage::kFaxOut: return &pages.faxOut;
+    case zv::SheetPage::kInfo: return &pages.info;
     case zv::SheetPage::kRotate:
     case zv::SheetPage::kAdjColors:
     case zv::SheetPage::kEditColors:
@@ -27,7 +28,6 @@ CPropertyPage* PageOf(SheetPages& pages, zv::SheetPage kind)
     case zv::SheetPage::kTrace:
     case zv::SheetPage::kPrintPos:
     case zv::SheetPage::kResize:
-    case zv::SheetPage::kInfo:
         break;
     }
     return nullptr;

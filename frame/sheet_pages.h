@@ -9,6 +9,7 @@
 
 #include "dest.h"
 #include "format_pages.h"
+#include "info_page.h"
 #include "sheet_plan.h"
 #include "toolkit.h"
 
@@ -25,6 +26,7 @@ struct SheetPages {
     CJPGOutPropPage jpgOut;
     CTIFOutPropPage tifOut;
     CFAXOutPropPage faxOut;
+    CInfoPropPage info;
 };
 
 // The page object of a kind, or null for a kind without a page class.

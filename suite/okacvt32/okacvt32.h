@@ -33,6 +33,11 @@ OKACVT32_API short CvtCreateGammaValue(short count, short gamma, short contrast,
 // negative id of the options library's string that tells what went wrong
 // (tiff_type_text.h). No other mode is served: it gives null and
 // kCvtInvalidParameter. buffer is not used in mode 0.
+// With mode 1 it writes the listing of every IFD and entry of the file into
+// buffer (32000 bytes: ZV_TIFF_LISTING_SIZE), as far as the file could be
+// read, and gives buffer; *code is 0 when the whole file was listed, else
+// the code of why the listing stopped (its last line says where).
+#define ZV_TIFF_LISTING_SIZE 32000
 OKACVT32_API char* CvtScanTiff(const char* path, short* code, int mode, char* buffer);
 
 // A file mapped into memory for reading and writing, for the life of the
