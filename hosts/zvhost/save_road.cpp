@@ -14,7 +14,7 @@
 
 namespace {
 
-enum : WORD { kOpen = 100, kSaveAs = 101, kExit = 102 };
+enum : WORD { kOpen = 100, kSaveAs = 101, kExit = 102, kProperties = 103 };
 
 // The host keeps its tags in a stored place of its own, so that the user's
 // choices (folders, formats, options) are there at the next start.
@@ -135,6 +135,22 @@ void SaveImage(HWND window)
     MessageBoxA(window, done, "Zavrin Host", MB_ICONINFORMATION);
 }
 
+// The attributes of the image in hand, with the size it is shown at.
+void ShowProperties(HWND window)
+{
+    if (g_image == nullptr) {
+        MessageBoxA(window, "Open an image first.", "Zavrin Host", MB_ICONINFORMATION);
+        return;
+    }
+    EnsureSuite();
+    char srcExt[16] = {};
+    lstrcpynA(srcExt, ExtensionOf(g_imagePath), sizeof srcExt);
+    RECT source, shown = {};
+    ImageView(window, &source, &shown);
+    DoPropertiesDlg(window, g_tags, "Zavrin Host", nullptr, g_formats, srcExt, srcExt, 0, g_image, &shown,
+                    g_imagePath);
+}
+
 }  // namespace
 
 void AddFileMenu(HWND window)
@@ -142,6 +158,7 @@ void AddFileMenu(HWND window)
     HMENU file = CreatePopupMenu();
     AppendMenuA(file, MF_STRING, kOpen, "&Open...");
     AppendMenuA(file, MF_STRING, kSaveAs, "Save &As...");
+    AppendMenuA(file, MF_STRING, kProperties, "P&roperties...");
     AppendMenuA(file, MF_SEPARATOR, 0, nullptr);
     AppendMenuA(file, MF_STRING, kExit, "E&xit");
     HMENU bar = GetMenu(window);
@@ -165,6 +182,9 @@ bool OnFileCommand(HWND window, WORD command)
         return true;
     case kExit:
         PostMessageA(window, WM_CLOSE, 0, 0);
+        return true;
+    case kProperties:
+        ShowProperties(window);
         return true;
     default:
         return false;
