@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <climits>
+#include <string>
 
 #include "region_geometry.h"
 
@@ -78,26 +79,17 @@ TEST(RegionGeometry, HandlesGrowWithTheHeightAndAreTriedTopCornerRight)
 TEST(RegionGeometry, TheRubberFrameMovesItsHandlesEdgesAndNeverTurnsOver)
 {
     const Sides start = {10, 20, 60, 30};
-    Sides frame = start;
-    DragSides(frame, kRightHandle, 80, 0);  // the top stays
-    EXPECT_EQ(frame.right, 80);
-    EXPECT_EQ(frame.top, 10);
-    frame = start;
-    DragSides(frame, kTopHandle, 999, 5);
-    EXPECT_EQ(frame.top, 5);
-    EXPECT_EQ(frame.right, 60);
-    frame = start;
-    DragSides(frame, kCornerHandle, 70, 0);
-    EXPECT_EQ(frame.right, 70);
-    EXPECT_EQ(frame.top, 0);
-    frame = start;
-    DragSides(frame, kNoHandle, 70, 0);
-    EXPECT_EQ(frame.right, 60);
-    EXPECT_EQ(frame.top, 10);
-    frame = start;
-    DragSides(frame, kCornerHandle, 0, 50);  // past the left and the bottom edge
-    EXPECT_EQ(frame.right, 20);
-    EXPECT_EQ(frame.top, 30);
+    auto dragged = [&](std::uint16_t handle, int x, int y) {
+        Sides frame = start;
+        DragSides(frame, handle, x, y);
+        return std::to_string(frame.right) + " " + std::to_string(frame.top);  // right, top
+    };
+    EXPECT_EQ(dragged(kRightHandle, 80, 0), "80 10");
+    EXPECT_EQ(dragged(kTopHandle, 999, 5), "60 5");
+    EXPECT_EQ(dragged(kCornerHandle, 70, 0), "70 0");
+    EXPECT_EQ(dragged(kNoHandle, 70, 0), "60 10");
+    // Past the left and the bottom edge: a line, not a frame turned over.
+    EXPECT_EQ(dragged(kCornerHandle, 0, 50), "20 30");
 
     EXPECT_FLOAT_EQ(SideRatio(80, 40), 2.0f);
     EXPECT_FLOAT_EQ(SideRatio(0, 40), 0.0f);
