@@ -85,6 +85,15 @@ LRESULT CALLBACK HostWindowProc(HWND window, UINT message, WPARAM wParam, LPARAM
     return DefWindowProcA(window, message, wParam, lParam);
 }
 
+bool IsModelessDialogMessage(MSG* message)
+{
+    HWND root = message->hwnd != nullptr ? GetAncestor(message->hwnd, GA_ROOT) : nullptr;
+    char className[16] = "";
+    if (root == nullptr || GetClassNameA(root, className, sizeof className) == 0 || lstrcmpA(className, "#32770") != 0)
+        return false;
+    return IsDialogMessageA(root, message) != FALSE;
+}
+
 UINT ExitAfterFromCommandLine(const char* commandLine)
 {
     const char* option = std::strstr(commandLine, "--exit-after");
@@ -127,6 +136,10 @@ int WINAPI WinMain(HINSTANCE instance, HINSTANCE, LPSTR commandLine, int show)
 
     MSG message;
     while (GetMessageA(&message, nullptr, 0, 0) > 0) {
+        // The library's modeless Warnings list gets its keys (Tab, Escape)
+        // the way a dialog does.
+        if (IsModelessDialogMessage(&message))
+            continue;
         TranslateMessage(&message);
         DispatchMessageA(&message);
     }
