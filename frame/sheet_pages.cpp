@@ -26,8 +26,8 @@ CPropertyPage* PageOf(SheetPages& pages, zv::SheetPage kind)
     case zv::SheetPage::kFaxOut: return &pages.faxOut;
     case zv::SheetPage::kPrintPos: return &pages.printPos;
     case zv::SheetPage::kTrace: return &pages.trace;
+    case zv::SheetPage::kInfo: return &pages.info;
     case zv::SheetPage::kEditColors:
-    case zv::SheetPage::kInfo:
         break;
     }
     return nullptr;

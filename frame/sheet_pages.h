@@ -11,6 +11,7 @@
 #include "dest.h"
 #include "format_pages.h"
 #include "print.h"
+#include "info_page.h"
 #include "sheet_plan.h"
 #include "toolkit.h"
 #include "trace.h"
@@ -34,6 +35,7 @@ struct SheetPages {
     CFAXOutPropPage faxOut;
     CPrintPosPropPage printPos;
     CTracePropPage trace;
+    CInfoPropPage info;
 };
 
 // The page object of a kind, or null for a kind without a page class.

@@ -217,6 +217,15 @@ ZVOPT32_API int DoPropertiesDlg(HWND parent, TagSet* tags, const char* appTitle,
 }  // extern "C"
 // ============================================================ end option sheets
 
+// ---- Warnings: one modeless list of the engine's warnings for the whole
+// session, outside the one-dialog rule, owned by parent and served by the
+// host's message loop. The line "code text" is in the list when DoWarning
+// returns (always 1); closing the dialog empties it for the next warning.
+extern "C" {
+ZVOPT32_API int DoWarning(HWND parent, int code);
+ZVOPT32_API INT_PTR CALLBACK WarningsDlgProc(HWND dialog, UINT message, WPARAM wParam, LPARAM lParam);
+}  // extern "C"
+
 // ---- The save road: the save dialog and the dialogs it opens.
 extern "C" {
 
@@ -296,3 +305,81 @@ ZVOPT32_API int DoPrinterDlg(HWND parent, TagSet* tags, const char* appTitle, co
 ZVOPT32_API UINT_PTR CALLBACK PrintHookProc(HWND dialog, UINT message, WPARAM wParam, LPARAM lParam);
 
 }  // extern "C"
+// ---- Text regions over a displayed image. A file mapped with FMap holds a
+// count, the selected index and the regions (RECTS); EFont shows them in the
+// host's window, finds the one under the mouse, stretches it with a rubber
+// frame by three handles and tells the outcome in a FontChange. It opens no
+// window: the host calls it from its mouse and paint code with the view's
+// taghueyinfo. Frames and handles invert the pixels below them, so drawing
+// one twice removes it. A file whose numbers don't fit its size is refused:
+// status (FMap) then holds the code of MsgLib, and the object shows no
+// region.
+#include "okacvt32.h"
+
+struct taghueyinfo;
+
+#pragma pack(push, 2)
+struct RECTS {
+    short top;  // top before left, unlike RECT
+    short left;
+    short right;
+    short bottom;
+    short fontIndex;  // position of the font among the values of the system's font key
+    short reserved;
+};
+#pragma pack(pop)
+static_assert(sizeof(RECTS) == 12);
+
+struct FontChange {
+    float widthRatio;   // new width over old width of the region
+    float heightRatio;  // new height over old height
+    char oldFont[100];  // the region's font, without " (TrueType)"
+    char newFont[100];  // the chosen font
+};
+
+// The four sides of the rubber frame, in source units.
+struct RubberSides {
+    short top;
+    short left;
+    short right;
+    short bottom;
+};
+
+class ZVOPT32_API EFont : public FMap {
+public:
+    explicit EFont(char* fileName);
+    ~EFont();
+
+    // Points in device units. A hit selects the first region that holds the
+    // point, edges included, and writes its index into the file.
+    unsigned short TextRectHit(taghueyinfo* info, int x, int y);
+    unsigned short HandleHit(taghueyinfo* info, int x, int y);  // 1 right, 2 top, 3 corner, 0 none
+    void DrawAllRects(HDC dc, taghueyinfo* info);
+    void DrawFontRects(HDC dc, taghueyinfo* info);  // the regions in the selected one's font
+    void DrawRect(HDC dc, taghueyinfo* info, RECTS* rect);
+    void DrawHandles(HDC dc, taghueyinfo* info);
+    void StartRubberRect(HDC dc, taghueyinfo* info, unsigned short handle, int x, int y);
+    void UpdateRubberRect(HDC dc, taghueyinfo* info, int x, int y);
+    void EndRubberRect(HDC dc, taghueyinfo* info, int x, int y);
+    FontChange* GetResults();
+    // 1 when name is installed as a TrueType font; newFont takes it anyway.
+    unsigned short SetNewFont(char* name);
+    void SetFontHeightRatio(float ratio);
+    long GetFontHeight(float unused);  // the selected region's height in source units, 0 without one
+    void D2S(taghueyinfo* info, int& x, int& y);
+    void S2D(taghueyinfo* info, RECTS* rect, RECT* out);
+
+    int rectCount;
+    RECTS* rects;
+    RECTS* current;
+    RubberSides rubber;
+    RubberSides rubberOld;
+    unsigned short rubberHandle;
+    short rubberActive;
+    short rubberDone;
+    int* selectedSlot;
+    FontChange results;
+
+private:
+    void DrawSides(HDC dc, taghueyinfo* info, const RubberSides& sides);
+};

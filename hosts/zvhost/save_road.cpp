@@ -15,7 +15,7 @@
 
 namespace {
 
-enum : WORD { kOpen = 100, kSaveAs = 101, kExit = 102, kPrint = 103 };
+enum : WORD { kOpen = 100, kSaveAs = 101, kExit = 102, kPrint = 103, kProperties = 104 };
 
 // The host keeps its tags in a stored place of its own, so that the user's
 // choices (folders, formats, options) are there at the next start.
@@ -174,6 +174,22 @@ void PrintImage(HWND window)
     }
 }
 
+// The attributes of the image in hand, with the size it is shown at.
+void ShowProperties(HWND window)
+{
+    if (g_image == nullptr) {
+        MessageBoxA(window, "Open an image first.", "Zavrin Host", MB_ICONINFORMATION);
+        return;
+    }
+    EnsureSuite();
+    char srcExt[16] = {};
+    lstrcpynA(srcExt, ExtensionOf(g_imagePath), sizeof srcExt);
+    RECT source, shown = {};
+    ImageView(window, &source, &shown);
+    DoPropertiesDlg(window, g_tags, "Zavrin Host", nullptr, g_formats, srcExt, srcExt, 0, g_image, &shown,
+                    g_imagePath);
+}
+
 }  // namespace
 
 bool OpenImageFile(HWND window, const char* path)
@@ -211,6 +227,7 @@ void AddFileMenu(HWND window)
     AppendMenuA(file, MF_STRING, kOpen, "&Open...");
     AppendMenuA(file, MF_STRING, kSaveAs, "Save &As...");
     AppendMenuA(file, MF_STRING, kPrint, "&Print...");
+    AppendMenuA(file, MF_STRING, kProperties, "P&roperties...");
     AppendMenuA(file, MF_SEPARATOR, 0, nullptr);
     AppendMenuA(file, MF_STRING, kExit, "E&xit");
     HMENU bar = GetMenu(window);
@@ -238,29 +255,40 @@ bool OnFileCommand(HWND window, WORD command)
     case kExit:
         PostMessageA(window, WM_CLOSE, 0, 0);
         return true;
+    case kProperties:
+        ShowProperties(window);
+        return true;
     default:
         return false;
     }
 }
 
-void PaintImage(HWND window, HDC dc)
+bool ImageView(HWND window, RECT* source, RECT* target)
 {
-    if (g_image == nullptr || g_view == nullptr)
-        return;
+    if (g_image == nullptr)
+        return false;
     long width = 0, height = 0;
     g_image->GetInfo(&width, &height, nullptr, nullptr, nullptr);
     RECT client;
     GetClientRect(window, &client);
     if (width <= 0 || height <= 0 || client.right <= 0 || client.bottom <= 0)
-        return;
+        return false;
     // The whole picture fills as much of the window as its proportions
     // allow, larger or smaller than its own size, and stands in the middle.
     double scale = std::min(static_cast<double>(client.right) / width, static_cast<double>(client.bottom) / height);
     LONG fittedWidth = std::max(1L, static_cast<LONG>(width * scale + 0.5));
     LONG fittedHeight = std::max(1L, static_cast<LONG>(height * scale + 0.5));
     LONG left = (client.right - fittedWidth) / 2, top = (client.bottom - fittedHeight) / 2;
-    RECT source = {0, 0, width, height};
-    RECT target = {left, top, left + fittedWidth, top + fittedHeight};
+    *source = RECT{0, 0, width, height};
+    *target = RECT{left, top, left + fittedWidth, top + fittedHeight};
+    return true;
+}
+
+void PaintImage(HWND window, HDC dc)
+{
+    RECT source, target;
+    if (g_view == nullptr || !ImageView(window, &source, &target))
+        return;
     g_view->AttachWindow(window, dc);
     g_view->Paint(&source, &target);
 }

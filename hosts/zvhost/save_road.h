@@ -8,7 +8,7 @@ class Dewey;
 class TagSet;
 class OKAMOD;
 
-// Adds "Open..." and "Save As..." to the window's menu bar.
+// Adds the File menu (open, save as, print, properties, exit) to the window's menu bar.
 void AddFileMenu(HWND window);
 // Opens the image file at path (relative to the current folder or full),
 // shows it and names it in the window's title; tells the user and keeps
@@ -21,10 +21,6 @@ void PaintImage(HWND window, HDC dc);
 // Frees the image and the tags.
 void CloseFileMenu();
 
-class Dewey;
-class TagSet;
-class OKAMOD;
-
 // The image in hand, for the host's other menus: the document (null before
 // one is open), its file (the source of a conversion), and the host's tags
 // and formats, made on first use.
@@ -34,3 +30,6 @@ TagSet* HostTags();
 OKAMOD* HostFormats();
 // Makes path the file of the image in hand, as after opening it.
 void SetHostImagePath(HWND window, const char* path);
+// Where PaintImage shows the image in hand: the part of the image in pixels
+// and the part of the client area it lies in. False when there is no image.
+bool ImageView(HWND window, RECT* source, RECT* target);

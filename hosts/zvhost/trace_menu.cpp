@@ -12,7 +12,7 @@
 
 namespace {
 
-enum : WORD { kTrace = 200 };
+enum : WORD { kTrace = 210 };
 
 // The Image menu of the bar, found by its caption or appended.
 HMENU ImageMenu(HWND window)

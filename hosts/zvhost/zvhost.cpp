@@ -12,8 +12,11 @@
 #include <iterator>
 
 #include "image_menu.h"
+#include "ravicli.h"
+#include "regions_mode.h"
 #include "save_road.h"
 #include "trace_menu.h"
+#include "zvopt32.h"
 
 namespace {
 
@@ -63,20 +66,39 @@ LRESULT CALLBACK HostWindowProc(HWND window, UINT message, WPARAM wParam, LPARAM
             return 0;
         if (OnTraceCommand(window, LOWORD(wParam)))
             return 0;
+        if (OnRegionsCommand(window, LOWORD(wParam)))
+            return 0;
+        break;
+    case WM_LBUTTONDOWN:
+    case WM_MOUSEMOVE:
+    case WM_LBUTTONUP:
+        if (OnRegionsMouse(window, message, lParam))
+            return 0;
         break;
     case WM_PAINT: {
         PAINTSTRUCT paint;
         HDC dc = BeginPaint(window, &paint);
         PaintImage(window, dc);
+        PaintRegions(window, dc);
         EndPaint(window, &paint);
         return 0;
     }
     case WM_DESTROY:
+        CloseRegions();
         CloseFileMenu();
         PostQuitMessage(0);
         return 0;
     }
     return DefWindowProcA(window, message, wParam, lParam);
+}
+
+bool IsModelessDialogMessage(MSG* message)
+{
+    HWND root = message->hwnd != nullptr ? GetAncestor(message->hwnd, GA_ROOT) : nullptr;
+    char className[16] = "";
+    if (root == nullptr || GetClassNameA(root, className, sizeof className) == 0 || lstrcmpA(className, "#32770") != 0)
+        return false;
+    return IsDialogMessageA(root, message) != FALSE;
 }
 
 UINT ExitAfterFromCommandLine(const char* commandLine)
@@ -126,6 +148,10 @@ int WINAPI WinMain(HINSTANCE instance, HINSTANCE, LPSTR commandLine, int show)
     AddFileMenu(window);
     AddImageMenu(window);
     AddTraceMenu(window);
+    AddRegionsMenu(window);
+    // Every warning of the engine, of any open or save, lands in the
+    // library's one warnings list over this window.
+    RavicliSetWarningHandler(DoWarning, window);
     ShowWindow(window, show);
     UpdateWindow(window);
     std::printf("window \"%s\" shown\n", kTitle);
@@ -140,6 +166,10 @@ int WINAPI WinMain(HINSTANCE instance, HINSTANCE, LPSTR commandLine, int show)
 
     MSG message;
     while (GetMessageA(&message, nullptr, 0, 0) > 0) {
+        // The library's modeless Warnings list gets its keys (Tab, Escape)
+        // the way a dialog does.
+        if (IsModelessDialogMessage(&message))
+            continue;
         TranslateMessage(&message);
         DispatchMessageA(&message);
     }

@@ -33,4 +33,31 @@ OKACVT32_API short CvtCreateGammaValue(short count, short gamma, short contrast,
 // negative id of the options library's string that tells what went wrong
 // (tiff_type_text.h). No other mode is served: it gives null and
 // kCvtInvalidParameter. buffer is not used in mode 0.
+// With mode 1 it writes the listing of every IFD and entry of the file into
+// buffer (32000 bytes: ZV_TIFF_LISTING_SIZE), as far as the file could be
+// read, and gives buffer; *code is 0 when the whole file was listed, else
+// the code of why the listing stopped (its last line says where).
+#define ZV_TIFF_LISTING_SIZE 32000
 OKACVT32_API char* CvtScanTiff(const char* path, short* code, int mode, char* buffer);
+
+// A file mapped into memory for reading and writing, for the life of the
+// object; what is written through data lands in the file and is seen by
+// every other mapping of it. size 0 maps the whole file; a larger size
+// grows the file to it. flags are kept for the suite's other uses and must
+// be 0. status is 0, or a negative code of MsgLib when the file could not
+// be opened or mapped; then data is null and size 0.
+class OKACVT32_API FMap : public OKAObject {
+public:
+    FMap(char* name, long size, unsigned short flags);
+    ~FMap();
+    FMap(const FMap&) = delete;
+    FMap& operator=(const FMap&) = delete;
+
+    unsigned char* data;
+    unsigned long size;
+    short status;
+
+private:
+    HANDLE file_;
+    HANDLE mapping_;
+};

@@ -4,12 +4,34 @@
 
 #include "message_codes.h"
 #include "okacvt32.h"
+#include "tiff_listing.h"
 #include "tiff_type_text.h"
 
-char* CvtScanTiff(const char* path, short* code, int mode, char* /*buffer*/)
+namespace {
+
+// Mode 1: the listing of every IFD and entry into buffer (kListingSize
+// bytes), as far as the reader got; the code tells whether it got to the end.
+char* WriteListing(const char* path, short& result, char* buffer)
+{
+    if (GetFileAttributesA(path) == INVALID_FILE_ATTRIBUTES) {
+        result = -202;  // file or path not found
+        return nullptr;
+    }
+    zvtiff::TiffStructure tiff;
+    zvtiff::TiffStatus status = zvtiff::ReadTiffFile(path, &tiff, false);
+    std::string listing = zvtiff::TiffListing(tiff, status);
+    std::memcpy(buffer, listing.c_str(), listing.size() + 1);
+    result = zvtiff::ListingErrorCode(status);
+    return buffer;
+}
+
+}  // namespace
+
+char* CvtScanTiff(const char* path, short* code, int mode, char* buffer)
 {
     short ignored = 0;
     short& result = code != nullptr ? *code : ignored;
+    if (path != nullptr && mode == 1 && buffer != nullptr) return WriteListing(path, result, buffer);
     if (path == nullptr || mode != 0) {
         result = zvcvt::kCvtInvalidParameter;
         return nullptr;

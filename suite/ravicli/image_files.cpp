@@ -15,6 +15,7 @@
 
 #include "engine_state.h"
 #include "portable/file_writers.h"
+#include "engine_warnings.h"
 #include "portable/raster_kernels.h"
 
 namespace {
@@ -231,7 +232,11 @@ short ReadThroughWic(const char* path, ravi::Image& image)
         return ravi::kEngineFileFormat;
     ComPtr<IWICBitmapFrameDecode> frame;
     if (FAILED(decoder->GetFrame(0, &frame))) return ravi::kEngineFileFormat;
-    return ImageFromFrame(factory.get(), frame.get(), image);
+    short code = ImageFromFrame(factory.get(), frame.get(), image);
+    UINT frames = 0;
+    if (code == 0 && SUCCEEDED(decoder->GetFrameCount(&frames)) && frames > 1)
+        ravi::ReportWarning(kRavicliWarnFirstPageOnly);
+    return code;
 }
 
 // A Windows metafile, with or without the placeable header in front that
@@ -388,13 +393,17 @@ short EncodeToStream(IWICImagingFactory* factory, IStream* stream, const GUID& c
 {
     ravi::Image image = source;
     short code = 0;
+    // What the format lost is told once the file is written.
+    short lost = 0;
     // What each encoder takes: GIF only palettes of 8 bits, JPEG no palette,
     // the fax compressions of TIFF only two colours.
     if (IsEqualGUID(container, GUID_ContainerFormatGif)) {
+        if (image.Bits() > 8) lost = kRavicliWarnColorsReduced;
         code = ToGifDepth(image);
     } else if (tiffCompression == 2 || tiffCompression == 3) {
         code = ravi::Blackize(image);
     } else if (IsEqualGUID(container, GUID_ContainerFormatJpeg) && image.Bits() != 24) {
+        if (HasAlpha(image)) lost = kRavicliWarnAlphaDropped;
         code = ravi::ConvertDepth(image, 24);
     }
     if (code != 0) return code;
@@ -406,7 +415,10 @@ short EncodeToStream(IWICImagingFactory* factory, IStream* stream, const GUID& c
         stream->Seek(zero, STREAM_SEEK_SET, nullptr);
         if (FAILED(encoder->Initialize(stream, WICBitmapEncoderNoCache))) return ravi::kEngineFileWrite;
         HRESULT hr = EncodeFrame(factory, encoder.get(), image, jpegQuality, tiffCompression);
-        if (hr == S_OK) return 0;
+        if (hr == S_OK) {
+            if (lost != 0) ravi::ReportWarning(lost);
+            return 0;
+        }
         if (FAILED(hr)) return ravi::kEngineFileWrite;
         // The encoder wants another depth: 24 bits is what they all take.
         if (attempt == 0 && (code = ravi::ConvertDepth(image, 24)) != 0) return code;
@@ -624,6 +636,32 @@ short ReadImageFile(const char* path, Image& image, HENHMETAFILE& emf)
     }
 }
 
+// A raster picture into a file of its kind, with the options of that kind.
+static short WriteRasterFile(const char* path, FileKind kind, const Image& image, float jpegQuality,
+                             const FileOptions& options)
+{
+    if (kind == FileKind::Ico) {
+        if (options.iconSide == 0 || (image.Width() == options.iconSide && image.Height() == options.iconSide))
+            return WriteIcon(path, image);
+        Image icon = image;
+        short code = Resize(icon, options.iconSide, options.iconSide, 1);
+        return code != 0 ? code : WriteIcon(path, icon);
+    }
+    if (kind == FileKind::Eps) return WriteEps(path, image, options.eps);
+    if (kind == FileKind::Dcx || kind == FileKind::Sci) {
+        // The fax kinds are written as TIFF class F.
+        const FileOptions::Fax& fax = kind == FileKind::Dcx ? options.dcx : options.sci;
+        std::vector<unsigned char> tiff;
+        short code = WriteFaxTiffBytes(image, fax.fine, fax.multiPage, &tiff);
+        if (code != 0) return code;
+        return WriteWholeFile(path, tiff.data(), tiff.size()) ? short(0) : short(kEngineFileWrite);
+    }
+    if (kind == FileKind::Tiff && !options.tiffType.empty()) return WriteTiff(path, image, options.tiffType);
+    if (kind == FileKind::Gif && (options.gifInterlace || options.gifTransparent >= 0))
+        return WriteGif(path, image, options);
+    return WriteThroughWic(path, kind, image, jpegQuality);
+}
+
 short WriteImageFile(const char* path, const Image& raster, HENHMETAFILE emf, float jpegQuality)
 {
     return WriteImageFile(path, raster, emf, jpegQuality, FileOptions{});
@@ -654,26 +692,9 @@ short WriteImageFile(const char* path, const Image& raster, HENHMETAFILE emf, fl
         if (code != 0) return code;
         image = &drawn;
     }
-    if (kind == FileKind::Ico) {
-        if (options.iconSide == 0 || (image->Width() == options.iconSide && image->Height() == options.iconSide))
-            return WriteIcon(path, *image);
-        Image icon = *image;
-        short code = Resize(icon, options.iconSide, options.iconSide, 1);
-        return code != 0 ? code : WriteIcon(path, icon);
-    }
-    if (kind == FileKind::Eps) return WriteEps(path, *image, options.eps);
-    if (kind == FileKind::Dcx || kind == FileKind::Sci) {
-        // The fax kinds are written as TIFF class F.
-        const FileOptions::Fax& fax = kind == FileKind::Dcx ? options.dcx : options.sci;
-        std::vector<unsigned char> tiff;
-        short code = WriteFaxTiffBytes(*image, fax.fine, fax.multiPage, &tiff);
-        if (code != 0) return code;
-        return WriteWholeFile(path, tiff.data(), tiff.size()) ? short(0) : short(kEngineFileWrite);
-    }
-    if (kind == FileKind::Tiff && !options.tiffType.empty()) return WriteTiff(path, *image, options.tiffType);
-    if (kind == FileKind::Gif && (options.gifInterlace || options.gifTransparent >= 0))
-        return WriteGif(path, *image, options);
-    return WriteThroughWic(path, kind, *image, jpegQuality);
+    const short code = WriteRasterFile(path, kind, *image, jpegQuality, options);
+    if (code == 0 && image == &drawn) ReportWarning(kRavicliWarnDrawingRasterized);
+    return code;
 }
 
 }  // namespace ravi

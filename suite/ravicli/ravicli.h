@@ -30,6 +30,19 @@ enum RavicliCode : short {
     kRavicliNoWindow = -4162,       // a view painted without a window
 };
 
+// Warnings: what the engine did otherwise than asked while it read or wrote
+// a file, and went on. Each is handed to the handler, with its owner, the
+// moment it happens; with no handler set they go nowhere. Their texts stand
+// in OKACVT32 under their numbers (MsgLib).
+enum RavicliWarning : short {
+    kRavicliWarnFirstPageOnly = 4150,     // a file of several pages: the first was read
+    kRavicliWarnColorsReduced = 4151,     // the format holds 256 colours at most
+    kRavicliWarnAlphaDropped = 4152,      // the format holds no transparency
+    kRavicliWarnDrawingRasterized = 4153, // a drawing went into a raster format
+};
+using RavicliWarningHandler = int (*)(HWND owner, int code);
+extern "C" RAVICLI_API void RavicliSetWarningHandler(RavicliWarningHandler handler, HWND owner);
+
 // The room of the names a document gives out: GetSectionName and
 // GetFileName write at most this many bytes, the terminator included.
 constexpr int kDeweySectionNameSize = 32;
@@ -100,6 +113,15 @@ public:
     HENHMETAFILE GetMetafile();
 
     Louie* louie;  // first field: hosts read it directly
+};
+
+// The information block of a view. Of it the library's region editor reads
+// the two rectangles: the shown part of the image in source units, and where
+// that part lies on the device.
+struct taghueyinfo {
+    long reserved[4];
+    RECT source;
+    RECT device;
 };
 
 // A view of a Dewey in a window.

@@ -149,7 +149,7 @@ TEST(HostMenu, TraceMakesADrawingThatSaveAsWritesAsAMetafile)
 
     zvtest::DialogDriver trace;
     trace.WaitControl(IDC_TRACE_OUTLINE).SetCheck(IDC_TRACE_BEZGEN, true).PressOk();
-    trace.Run([&] { return INT_PTR(OnTraceCommand(window, 200)); });
+    trace.Run([&] { return INT_PTR(OnTraceCommand(window, 210)); });
     ASSERT_NE(HostImage(), nullptr);
     EXPECT_FALSE(HostImage()->IsRaster());
     EXPECT_NE(zvtest::DialogDriver::TextOf(window).find("zvhost_traced.emf"), std::string::npos);

@@ -601,9 +601,18 @@ void DialogDriver::Fail(const std::string& message)
 // with its Cancel, a dialog with IDCANCEL, any other window with WM_CLOSE;
 // a dialog that stays is ended with EndDialog, and what still stays is
 // destroyed.
+std::vector<HWND> DialogDriver::LeftBehind() const
+{
+    std::vector<HWND> windows;
+    for (HWND w : ThreadWindows())
+        if (std::find(leaveOpen_.begin(), leaveOpen_.end(), TextOf(w)) == leaveOpen_.end())
+            windows.push_back(w);
+    return windows;
+}
+
 void DialogDriver::DismissOne()
 {
-    std::vector<HWND> windows = ThreadWindows();
+    std::vector<HWND> windows = LeftBehind();
     if (windows.empty())
         return;
     HWND w = windows.front();
@@ -694,7 +703,7 @@ INT_PTR DialogDriver::Run(const std::function<INT_PTR()>& entry)
         steps_.clear();
     }
     // Closes what the entry left behind, within a bound.
-    for (ULONGLONG until = GetTickCount64() + 2000; GetTickCount64() < until && !ThreadWindows().empty();) {
+    for (ULONGLONG until = GetTickCount64() + 2000; GetTickCount64() < until && !LeftBehind().empty();) {
         DismissOne();
         PumpMessages();
         MsgWaitForMultipleObjects(0, nullptr, FALSE, kTickMs, QS_ALLINPUT);

@@ -125,6 +125,14 @@ public:
     static bool IsPropertySheet(HWND window);
     static std::vector<HWND> ThreadWindows();  // visible top-level windows, topmost first
 
+    // A modeless window of this caption is meant to outlive the entry: the
+    // closing of what the entry left behind passes it over.
+    DialogDriver& LeaveOpen(const std::string& caption)
+    {
+        leaveOpen_.push_back(caption);
+        return *this;
+    }
+
 private:
     struct QueuedStep {
         std::string name;
@@ -140,9 +148,11 @@ private:
     void Fail(const std::string& message);
     HWND FindMessageBox(const std::string& textContains, std::string* why) const;
     void DismissOne();
+    std::vector<HWND> LeftBehind() const;  // ThreadWindows but those left open
     static void CALLBACK OnTimer(HWND, UINT, UINT_PTR, DWORD);
 
     std::deque<QueuedStep> steps_;
+    std::vector<std::string> leaveOpen_;
     std::map<HWND, ULONGLONG> dismissing_;  // window -> when its closing began
     HWND current_ = nullptr;
     HWND marker_ = nullptr;  // receives WaitHandled's markers while a run lasts

@@ -56,6 +56,10 @@ TEST(InfoPage, TemplateByTheSource)
 {
     EXPECT_EQ(zv::InfoDialogNumber("TIF", 2), 231);
     EXPECT_EQ(zv::InfoDialogNumber("WMF", 3), 230);
+    EXPECT_EQ(zv::InfoDialogNumber("CGM", 2), 230);
+    EXPECT_EQ(zv::InfoDialogNumber("DXF", 6), 230);
+    EXPECT_EQ(zv::InfoDialogNumber("TIF", 1), 231);
+    EXPECT_EQ(zv::InfoDialogNumber("FAX", 5), 229);
     EXPECT_EQ(zv::InfoDialogNumber(nullptr, 1), 229);
 }
 
