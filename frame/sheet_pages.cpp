@@ -17,6 +17,7 @@ CPropertyPage* PageOf(SheetPages& pages, zv::SheetPage kind)
     case zv::SheetPage::kRotate: return &pages.rotate;
     case zv::SheetPage::kAdjColors: return &pages.adjColors;
     case zv::SheetPage::kNumColors: return &pages.numColors;
+    case zv::SheetPage::kEditColors: return &pages.editColors;
     case zv::SheetPage::kResize: return &pages.resize;
     case zv::SheetPage::kEpsOut:
     case zv::SheetPage::kGifOut:
@@ -24,7 +25,6 @@ CPropertyPage* PageOf(SheetPages& pages, zv::SheetPage kind)
     case zv::SheetPage::kJpgOut:
     case zv::SheetPage::kTifOut:
     case zv::SheetPage::kFaxOut:
-    case zv::SheetPage::kEditColors:
     case zv::SheetPage::kTrace:
     case zv::SheetPage::kPrintPos:
     case zv::SheetPage::kInfo:

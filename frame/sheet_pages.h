@@ -22,6 +22,7 @@ struct SheetPages {
     CRotatePropPage rotate;
     CAdjColorsPropPage adjColors;
     CNumColorsPropPage numColors;
+    CEditColorsPropPage editColors;
     CResizePropPage resize;
 };
 
