@@ -41,3 +41,22 @@ public:
     void OnOK() override;
     void OnCancel() override;
 };
+
+struct IRGB;
+
+// "Color Changes": the pairs "RGB"+RRGGBB of the global tags as rows of two
+// swatches; a row's new colour can be changed, a row deleted, the list
+// cleared. The pairs reach the global set when the page loses activation.
+class CEditColorsPropPage : public CPropertyPage {
+public:
+    CEditColorsPropPage();
+    ~CEditColorsPropPage() override;
+    LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam) override;
+    void OnOK() override;
+    void OnCancel() override;
+};
+
+// The system's colour dialog starting on `in`, with `in` and fifteen greys
+// as its custom colours; `out` gets the colour chosen, or `in` on Cancel.
+// Non-zero for OK.
+BOOL PickColor(HWND owner, IRGB* in, IRGB* out);

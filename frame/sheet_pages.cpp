@@ -9,7 +9,7 @@ SheetPages::SheetPages() = default;
 
 CPropertyPage* PageOf(SheetPages& pages, zv::SheetPage kind)
 {
-    // One case per page class; the kinds without one fall through to null.
+    // One case per page class.
     switch (kind) {
     case zv::SheetPage::kEntityOut: return &pages.entityOut;
     case zv::SheetPage::kRasterOut: return &pages.rasterOut;
@@ -17,6 +17,7 @@ CPropertyPage* PageOf(SheetPages& pages, zv::SheetPage kind)
     case zv::SheetPage::kRotate: return &pages.rotate;
     case zv::SheetPage::kAdjColors: return &pages.adjColors;
     case zv::SheetPage::kNumColors: return &pages.numColors;
+    case zv::SheetPage::kEditColors: return &pages.editColors;
     case zv::SheetPage::kResize: return &pages.resize;
     case zv::SheetPage::kEpsOut: return &pages.epsOut;
     case zv::SheetPage::kGifOut: return &pages.gifOut;
@@ -27,8 +28,6 @@ CPropertyPage* PageOf(SheetPages& pages, zv::SheetPage kind)
     case zv::SheetPage::kPrintPos: return &pages.printPos;
     case zv::SheetPage::kTrace: return &pages.trace;
     case zv::SheetPage::kInfo: return &pages.info;
-    case zv::SheetPage::kEditColors:
-        break;
     }
     return nullptr;
 }

@@ -26,6 +26,7 @@ struct SheetPages {
     CRotatePropPage rotate;
     CAdjColorsPropPage adjColors;
     CNumColorsPropPage numColors;
+    CEditColorsPropPage editColors;
     CResizePropPage resize;
     CEPSOutPropPage epsOut;
     CGIFOutPropPage gifOut;

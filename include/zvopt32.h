@@ -36,6 +36,7 @@ ZVOPT32_API void ZvSetPlatformSeams(const ZvPlatformSeams* seams);
 class Dewey;
 class TagSet;
 class OKAMOD;
+struct IRGB;
 
 extern "C" {
 
@@ -213,6 +214,12 @@ ZVOPT32_API int DoTraceDlg(HWND parent, TagSet* tags, const char* appTitle, cons
 ZVOPT32_API int DoPropertiesDlg(HWND parent, TagSet* tags, const char* appTitle, const char* helpFile,
                                 OKAMOD* formats, const char* srcExt, const char* destExt, short operation,
                                 Dewey* image, RECT* rect, char* fileName);
+
+// The colour picker: the system's colour dialog starting on `in`, with `in`
+// and fifteen greys as its custom colours. `out` gets the colour chosen, or
+// `in` on Cancel. Non-zero for OK; 0 for Cancel or while a dialog runs.
+ZVOPT32_API int DoColorDlg(HWND parent, TagSet* tags, char* appTitle, char* helpFile, OKAMOD* formats, char* srcExt,
+                           char* destExt, short operation, IRGB* in, IRGB* out);
 
 }  // extern "C"
 // ============================================================ end option sheets

@@ -64,3 +64,14 @@
 #define IDS_OPAL_NEEDS_256 15014
 #define IDS_BIT_SUFFIX 15015
 #define IDS_SAME_DEPTH 15016
+
+#define IDD_EDIT_COLORS 202
+
+// The colour changes page.
+#define IDC_EDC_MODIFY 3100
+#define IDC_EDC_DELETE 3101
+#define IDC_EDC_CLEAR 3102
+#define IDC_EDC_LIST 3103
+#define IDC_EDC_FROM_TITLE 3104
+#define IDC_EDC_TO_TITLE 3105
+#define IDC_EDC_APPLY 3106

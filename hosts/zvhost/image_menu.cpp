@@ -26,6 +26,7 @@ const Item kItems[] = {
     {200, "&Adjust Colours...", DoAdjColorsDlg},
     {201, "&Rotate...", DoRotateDlg},
     {202, "&Number of Colours...", DoNumColorsDlg},
+    {203, "&Edit Colours...", DoEditColorsDlg},
     {204, "Re&size...", DoResizeDlg},
 };
 
