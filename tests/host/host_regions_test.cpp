@@ -79,8 +79,10 @@ TEST(HostRegions, ARegionIsSelectedAndStretchedByTheMouseOverAHalfSizeView)
     open.Run([&] { return INT_PTR(OnFileCommand(window, 100)); });
     RECT source = {}, device = {};
     ASSERT_TRUE(ImageView(window, &source, &device));
-    ASSERT_EQ(device.right, 320);
-    ASSERT_EQ(device.bottom, 200);
+    // The picture stands in the middle of the window at half its size.
+    ASSERT_EQ(device.right - device.left, 320);
+    ASSERT_EQ(device.bottom - device.top, 200);
+    auto inView = [&](int x, int y) { return At(device.left + x, device.top + y); };
 
     // The dialog offers the region file beside the image.
     DialogDriver load;
@@ -92,7 +94,7 @@ TEST(HostRegions, ARegionIsSelectedAndStretchedByTheMouseOverAHalfSizeView)
     auto selected = [&] { return *reinterpret_cast<std::int32_t*>(second.data + 4); };
     EXPECT_EQ(selected(), -1);
 
-    // Region 1 lies at 150..300 x 100..180 on the device; its left edge is
+    // Region 1 lies at 150..300 x 100..180 of the view; its left edge is
     // hit. Its right handle is centred at 300, 140 and reaches 16 each way.
     DialogDriver user;
     user.LeaveOpen("Warnings");
@@ -100,13 +102,13 @@ TEST(HostRegions, ARegionIsSelectedAndStretchedByTheMouseOverAHalfSizeView)
     // Shown only now: the drivers before close what their entry leaves up.
     ShowWindow(window, SW_SHOWNORMAL);
     user.WaitWindow("Zavrin Host - 2 regions")
-        .Do([&](HWND) { SendMessageA(window, WM_LBUTTONDOWN, MK_LBUTTON, At(150, 140)); })
+        .Do([&](HWND) { SendMessageA(window, WM_LBUTTONDOWN, MK_LBUTTON, inView(150, 140)); })
         .WaitUntil("region 1 selected in the file", [&] { return selected() == 1; })
         .Do([&](HWND) {
-            SendMessageA(window, WM_LBUTTONDOWN, MK_LBUTTON, At(310, 130));
-            SendMessageA(window, WM_MOUSEMOVE, MK_LBUTTON, At(340, 150));
-            SendMessageA(window, WM_MOUSEMOVE, MK_LBUTTON, At(360, 150));
-            SendMessageA(window, WM_LBUTTONUP, 0, At(360, 150));
+            SendMessageA(window, WM_LBUTTONDOWN, MK_LBUTTON, inView(310, 130));
+            SendMessageA(window, WM_MOUSEMOVE, MK_LBUTTON, inView(340, 150));
+            SendMessageA(window, WM_MOUSEMOVE, MK_LBUTTON, inView(360, 150));
+            SendMessageA(window, WM_LBUTTONUP, 0, inView(360, 150));
             caption = zvtest::DialogDriver::TextOf(window);
         })
         .Screenshot("zvhost_regions")

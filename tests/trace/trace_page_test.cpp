@@ -35,14 +35,17 @@ TEST_F(TracePage, InAMetafilesSheetItNamesTheDestinationAndKeepsTheUserOnABadTol
 {
     std::string told;
     std::string caption;
-    d.WaitControl(IDC_VEC_WIDTH).SelectTab(1).WaitControl(IDC_TRACE_OUTLINE);
+    // The trace page comes last, after the output, rotation and the three
+    // colour pages.
+    constexpr int kTraceTab = 5;
+    d.WaitControl(IDC_VEC_WIDTH).SelectTab(kTraceTab).WaitControl(IDC_TRACE_OUTLINE);
     d.Do([&caption](HWND sheet) {
         caption = DialogDriver::TextOf(PropSheet_GetCurrentPageHwnd(sheet));
     });
     d.Screenshot("trace_page");
     d.Click(IDC_TRACE_CENTERLINE).SetCheck(IDC_TRACE_BEZGEN, true).PickCombo(IDC_TRACE_LINEWIDTH, "Fixed at 2");
     d.Type(IDC_TRACE_GENTOL, "20").PressOk().AnswerMessageBox(IDOK, "", &told);
-    d.ExpectPage(1).Type(IDC_TRACE_GENTOL, "8").PressOk();
+    d.ExpectPage(kTraceTab).Type(IDC_TRACE_GENTOL, "8").PressOk();
     EXPECT_EQ(Run(IDD_VECTOR_OUT, "WMF", 2), 1);
     EXPECT_EQ(caption, "WMF Trace Options");
     EXPECT_FALSE(told.empty());
