@@ -25,7 +25,7 @@ constexpr DWORD kHelpOpenDialog = 1001;
 constexpr DWORD kHelpOptionsButton = 1006;
 constexpr DWORD kHelpWarningsBox = 1067;
 
-// The spec of the name box or of the selection, into the work buffer.
+// The name in the name box or of the selection (CDM_GETSPEC), into the work buffer.
 bool GetSpecIntoWork(HWND frame)
 {
     char* work = Options()->openPath;
