@@ -142,12 +142,16 @@ void CALLBACK Tick(HWND, UINT, UINT_PTR, DWORD)
     }
     if (sheet == nullptr || g_run.okPressed != 0)
         return;
+    if (!g_run.adjust) {
+        // Only the opening counts; the sheet closes at once.
+        if (g_run.shown == 0) {
+            g_run.shown = Now();
+            PropSheet_PressButton(sheet, PSBTN_CANCEL);
+        }
+        return;
+    }
     if (g_run.shown == 0) {
         g_run.shown = Now();
-        if (!g_run.adjust) {
-            PropSheet_PressButton(sheet, PSBTN_CANCEL);
-            return;
-        }
         g_run.page = PropSheet_GetCurrentPageHwnd(sheet);
         g_run.pageProc = reinterpret_cast<WNDPROC>(
             SetWindowLongPtrA(g_run.page, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(PageProc)));
