@@ -22,8 +22,9 @@ DLGPROC SourceDialogProcedure(zv::SourceDialogProc which)
         return InputOptionsDlgProc;
     case zv::SourceDialogProc::kPicPgl:
         return PICPGLSrcDlgProc;
+    case zv::SourceDialogProc::kPcl:
+        return PCLSrcDlgProc;
     case zv::SourceDialogProc::kNone:
-    case zv::SourceDialogProc::kPcl:          // PCLSrcDlgProc
         break;
     }
     return nullptr;

@@ -272,6 +272,11 @@ ZVOPT32_API INT_PTR CALLBACK Zv3dSrcOptionsDlgProc(HWND dialog, UINT message, WP
 // The pen table of the plotter formats (templates 211 and 212): written at
 // each change of a list, so Cancel keeps it.
 ZVOPT32_API INT_PTR CALLBACK PICPGLSrcDlgProc(HWND dialog, UINT message, WPARAM wParam, LPARAM lParam);
+// The soft fonts of a PCL file (template 214): every change goes into a
+// child set of the tags, fused at OK and dropped at Cancel. The hook is the
+// one of its classic file dialog that asks for a font file.
+ZVOPT32_API INT_PTR CALLBACK PCLSrcDlgProc(HWND dialog, UINT message, WPARAM wParam, LPARAM lParam);
+ZVOPT32_API UINT_PTR CALLBACK PCLFontHookProc(HWND dialog, UINT message, WPARAM wParam, LPARAM lParam);
 }  // extern "C"
 
 // Asks for the image file to read (or, with multiple, several: path then

@@ -68,6 +68,18 @@
 #define IDC_CUT_DRIVES 1137
 #define IDC_CUT_READ_ONLY 1040
 
+// The PCL font list, and the classic file dialog that asks for a font file
+// (its template goes by name).
+#define IDD_PCL_SOURCE 214
+#define IDC_PCL_ADD 3700
+#define IDC_PCL_DELETE 3701
+#define IDC_PCL_CLEAR 3702
+#define IDC_PCL_FONTS 3703
+#define IDC_PCL_FONTS_LABEL 3704
+#define IDC_PCL_TRIM 3705
+#define IDS_PCL_FONT_FILTER 15030
+#define IDS_PCL_FONT_FILES 15032
+
 // The pen table dialogs of the plotter formats.
 #define IDD_PIC_SOURCE 211
 #define IDD_PGL_SOURCE 212

@@ -49,3 +49,10 @@ void RetrieveClassChoice(HWND dialog, const char* key);
 // The messages every source dialog answers alike: F1, right click, Help
 // (with the dialog's help context) and Cancel. True when handled.
 bool HandleCommonSourceMessage(HWND dialog, UINT message, WPARAM wParam, LPARAM lParam, DWORD helpContext);
+
+// The PCL font list: asks for a font file and lists it (non-zero when one
+// was chosen); the type list's pairs, the last added font's extension
+// first, with count the number of pairs.
+int AddPclFontFile(HWND dialog);
+char** LoadPclFilterList(int stringId, int* count);
+void FreePclFilterList(char** list);
