@@ -84,8 +84,10 @@ TEST_F(PrintPosPage, ATooWideSizeTakesTheRoomLeftAndAnotherUnitConvertsTheValues
     ZV_REQUIRE_PRINTER();
     // Wider than the page: the field shows the room beside left instead.
     d.WaitControl(IDC_PRN_WIDTH).Type(IDC_PRN_WIDTH, "9").ExpectText(IDC_PRN_WIDTH, "5.9");
-    // The field being typed in keeps its text; the others show centimetres.
-    d.PickCombo(IDC_PRN_UNITS, "Centimeters").ExpectText(IDC_PRN_LEFT, "4.8").PressOk();
+    // Leaving the field for the combo box keeps 5.9 inches; every field
+    // then shows centimetres.
+    d.PickCombo(IDC_PRN_UNITS, "Centimeters").ExpectText(IDC_PRN_LEFT, "4.8").ExpectText(IDC_PRN_WIDTH, "15");
+    d.PressOk();
     EXPECT_EQ(PrintPosDlg(&image), 1);
     EXPECT_EQ(Tag("PRNUNITS"), "CM");
     EXPECT_EQ(Tag("PRTLEFT"), "4.826");

@@ -387,7 +387,12 @@ DialogDriver& DialogDriver::PickCombo(int id, const std::string& text)
                                      reinterpret_cast<LPARAM>(text.c_str()));
         if (index == CB_ERR)
             return Retry("combo " + std::to_string(id) + " has no entry " + Quote(text));
-        // A pick with the mouse ends the drop-down with both notifications.
+        // A pick with the mouse gives the combo box the focus first (an
+        // edit being typed in hears EN_KILLFOCUS before the choice), then
+        // ends the drop-down with both notifications. Leaving the focus
+        // where it was would make the test hang on the window activation,
+        // which other processes on the same display take away at any time.
+        SendMessageA(GetParent(control), WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(control), TRUE);
         SendMessageA(control, CB_SETCURSEL, index, 0);
         Notify(control, CBN_SELENDOK);
         Notify(control, CBN_SELCHANGE);

@@ -73,7 +73,7 @@ public:
     DialogDriver& SetText(int id, const std::string& text);
     DialogDriver& Click(int id);                          // BM_CLICK
     DialogDriver& SetCheck(int id, bool checked);         // clicks until the box shows the state
-    DialogDriver& PickCombo(int id, const std::string& text);  // CB_SETCURSEL, CBN_SELENDOK, CBN_SELCHANGE
+    DialogDriver& PickCombo(int id, const std::string& text);  // focus, CB_SETCURSEL, CBN_SELENDOK, CBN_SELCHANGE
     DialogDriver& PickList(int id, const std::string& text);  // LB_SETCURSEL (+ LBN_SELCHANGE with LBS_NOTIFY)
 
     // Property sheets (PropSheet_SetCurSel: the page may refuse to leave).
