@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <cstring>
 
+#include "okacvt32.h"
 #include "okaio32.h"
 #include "print_road.h"
 #include "okamod32.h"
@@ -200,14 +201,23 @@ bool OpenImageFile(HWND window, const char* path)
     if (GetFullPathNameA(path, sizeof full, full, nullptr) == 0 || full[sizeof full - 1] != '\0')
         lstrcpynA(full, path, sizeof full);
     Dewey* image = new Dewey;
+    // The source options chosen in the open dialog (a CUT picture's
+    // palette) reach the engine through the host's stored tags.
+    EnsureSuite();
+    if (const char* options = g_tags->GetPath())
+        image->RefreshOptions(options);
     short result = image->Open(full);
     if (result != 0) {
         delete image;
         char format[300];
         DescribeFormat(full, format, sizeof format);
-        char detail[1100];
-        std::snprintf(detail, sizeof detail, "%s\nThe engine could not read it as %s (engine code %d).", full,
-                      format, result);
+        MsgLib* messages = new MsgLib;
+        char reason[256] = {};
+        messages->GetMessageA(result, reason);
+        delete messages;
+        char detail[1400];
+        std::snprintf(detail, sizeof detail, "%s\nThe engine could not read it as %s (engine code %d: %s).", full,
+                      format, result, reason);
         Report(window, "The image could not be opened.", detail);
         return false;
     }

@@ -1,0 +1,92 @@
+// The host's open road as a user takes it: File > Open, the Options button
+// of a CUT picture choosing its palette file, and a PCX picture; the engine
+// then holds the colours that the files and the chosen palette give.
+#include <gtest/gtest.h>
+
+#include <fstream>
+#include <string>
+
+#include "engine_test_support.h"
+#include "host_dialogs.h"
+#include "ravicli.h"
+#include "save_road.h"
+#include "source_file_bytes.h"
+
+namespace {
+
+using zvtest::Bytes;
+
+void WriteFile(const std::string& path, const Bytes& bytes)
+{
+    std::ofstream out(path, std::ios::binary);
+    out.write(reinterpret_cast<const char*>(bytes.data()), std::streamsize(bytes.size()));
+}
+
+// A run of each index 1, 2, 3 over every line.
+const std::vector<Bytes> kCutRows(4, Bytes{1, 1, 1, 2, 2, 3, 3, 3});
+
+TEST(HostOpenRoad, ACutWithItsChosenPaletteAndAPcxOpenInTheirColours)
+{
+    const std::string folder = zvtest::TempFolder() + "\\openroad";
+    CreateDirectoryA(folder.c_str(), nullptr);
+    WriteFile(folder + "\\pic.cut", zvtest::CutPicture(kCutRows));
+    // The palette of the picture's name, which the dialog offers first,
+    // and another one that the user chooses instead.
+    WriteFile(folder + "\\pic.pal", zvtest::CutPaletteFile({{0, 0, 0}, {9, 9, 9}, {9, 9, 9}, {9, 9, 9}}));
+    WriteFile(folder + "\\warm.pal", zvtest::CutPaletteFile({{0, 0, 0}, {63, 0, 0}, {63, 32, 0}, {63, 63, 0}}, 63));
+    // Green and blue planes of a 24-bit PCX, 3 x 2.
+    WriteFile(folder + "\\pic.pcx",
+              zvtest::PcxPicture(zvtest::Pcx(8, 3, 3, 2, 4, {{0xFF, 0, 0x10, 0, 0, 0xFF, 0x20, 0, 0, 0, 0x30, 0},
+                                                              {0, 0, 0, 0, 0, 0, 0, 0, 0xFF, 0xFF, 0xFF, 0}})));
+    RegDeleteTreeA(HKEY_CURRENT_USER, "Software\\Zavrin\\Tags\\zvhost");
+    ZvSetTag(HostTags(), "OPENDIR", folder.c_str());
+    HWND window = CreateWindowA("STATIC", "Zavrin Host", WS_OVERLAPPEDWINDOW, 0, 0, 400, 300, nullptr, nullptr,
+                                nullptr, nullptr);
+    AddFileMenu(window);
+
+    zvtest::DialogDriver open;
+    open.WaitWindow("Open").WaitControl(zvtest::kTypeList);
+    TypeName(open, "pic.cut").Click(zvtest::kOptions);
+    open.WaitWindow("CUT Open File").ExpectText(1152, "pic.pal").Type(1152, folder + "\\warm.pal").PressOk();
+    open.WaitWindow("Open").WaitControl(zvtest::kTypeList);
+    TypeName(open, "pic.cut").PressOk();
+    open.Run([&] { return INT_PTR(OnFileCommand(window, 100)); });
+    EXPECT_EQ(zvtest::TagOf(HostTags(), "CUTIPAL"), folder + "\\warm.pal");
+    ASSERT_NE(HostImage(), nullptr);
+    EXPECT_EQ(enginetest::Shape(*HostImage()), "8 x 4, 8");
+    EXPECT_EQ(enginetest::Rgb(*HostImage(), 0, 0), 0xFF0000u);
+    EXPECT_EQ(enginetest::Rgb(*HostImage(), 4, 2), 0xFF8200u);
+    EXPECT_EQ(enginetest::Rgb(*HostImage(), 7, 3), 0xFFFF00u);
+
+    // With no palette chosen, the one of the picture's name beside it.
+    ZvSetTag(HostTags(), "CUTIPAL", "");
+    ASSERT_TRUE(OpenImageFile(window, (folder + "\\pic.cut").c_str()));
+    EXPECT_EQ(enginetest::Rgb(*HostImage(), 0, 0), 0x090909u);
+
+    zvtest::DialogDriver pcx;
+    pcx.WaitWindow("Open").WaitControl(zvtest::kTypeList);
+    TypeName(pcx, "pic.pcx").PressOk();
+    pcx.Run([&] { return INT_PTR(OnFileCommand(window, 100)); });
+    EXPECT_EQ(zvtest::DialogDriver::TextOf(window), "Zavrin Host - " + folder + "\\pic.pcx - 3 x 2, 24 bits");
+    EXPECT_EQ(enginetest::Rgb(*HostImage(), 0, 0), 0xFF0000u);
+    EXPECT_EQ(enginetest::Rgb(*HostImage(), 1, 0), 0x00FF00u);
+    EXPECT_EQ(enginetest::Rgb(*HostImage(), 2, 0), 0x102030u);
+    EXPECT_EQ(enginetest::Rgb(*HostImage(), 2, 1), 0x0000FFu);
+
+    // A damaged one is told by its format and by what is wrong with it.
+    Bytes cut = zvtest::PcxPicture(zvtest::Pcx(8, 1, 3, 2, 4, {{1, 2, 3, 4}, {5, 6, 7, 8}}));
+    cut.pop_back();
+    WriteFile(folder + "\\cut.pcx", cut);
+    zvtest::DialogDriver damaged;
+    std::string told;
+    damaged.AnswerMessageBox(IDOK, "could not be opened", &told);
+    EXPECT_EQ(damaged.Run([&] { return INT_PTR(OpenImageFile(window, (folder + "\\cut.pcx").c_str())); }), 0);
+    EXPECT_NE(told.find("as PC Paintbrush (pcx) (engine code -4104: The image data is shorter"), std::string::npos)
+        << told;
+    EXPECT_EQ(enginetest::Shape(*HostImage()), "3 x 2, 24");
+
+    CloseFileMenu();
+    DestroyWindow(window);
+}
+
+}  // namespace
