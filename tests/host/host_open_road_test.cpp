@@ -1,6 +1,7 @@
 // The host's open road as a user takes it: File > Open, the Options button
-// of a CUT picture choosing its palette file, and a PCX picture; the engine
-// then holds the colours that the files and the chosen palette give.
+// of a CUT picture choosing its palette file and its scaling, and a PCX
+// picture. The engine then holds the colours that the files and the chosen
+// palette give, and the host shows each picture as its scaling says.
 #include <gtest/gtest.h>
 
 #include <fstream>
@@ -11,6 +12,7 @@
 #include "ravicli.h"
 #include "save_road.h"
 #include "source_file_bytes.h"
+#include "source_ids.h"
 
 namespace {
 
@@ -47,7 +49,8 @@ TEST(HostOpenRoad, ACutWithItsChosenPaletteAndAPcxOpenInTheirColours)
     zvtest::DialogDriver open;
     open.WaitWindow("Open").WaitControl(zvtest::kTypeList);
     TypeName(open, "pic.cut").Click(zvtest::kOptions);
-    open.WaitWindow("CUT Open File").ExpectText(1152, "pic.pal").Type(1152, folder + "\\warm.pal").PressOk();
+    open.WaitWindow("CUT Open File").ExpectText(1152, "pic.pal").Click(IDC_SRC_SCALE_OFF);
+    open.Type(1152, folder + "\\warm.pal").PressOk();
     open.WaitWindow("Open").WaitControl(zvtest::kTypeList);
     TypeName(open, "pic.cut").PressOk();
     open.Run([&] { return INT_PTR(OnFileCommand(window, 100)); });
@@ -57,6 +60,12 @@ TEST(HostOpenRoad, ACutWithItsChosenPaletteAndAPcxOpenInTheirColours)
     EXPECT_EQ(enginetest::Rgb(*HostImage(), 0, 0), 0xFF0000u);
     EXPECT_EQ(enginetest::Rgb(*HostImage(), 4, 2), 0xFF8200u);
     EXPECT_EQ(enginetest::Rgb(*HostImage(), 7, 3), 0xFFFF00u);
+    // Scaling off: the picture at its own size in the corner.
+    RECT source, shown;
+    ASSERT_TRUE(ImageView(window, &source, &shown));
+    EXPECT_EQ(zvtest::TagOf(HostTags(), "CUTSCALE"), "OFF");
+    EXPECT_EQ(shown.right - shown.left, 8);
+    EXPECT_EQ(shown.bottom - shown.top, 4);
 
     // With no palette chosen, the one of the picture's name beside it.
     ZvSetTag(HostTags(), "CUTIPAL", "");
@@ -72,6 +81,9 @@ TEST(HostOpenRoad, ACutWithItsChosenPaletteAndAPcxOpenInTheirColours)
     EXPECT_EQ(enginetest::Rgb(*HostImage(), 1, 0), 0x00FF00u);
     EXPECT_EQ(enginetest::Rgb(*HostImage(), 2, 0), 0x102030u);
     EXPECT_EQ(enginetest::Rgb(*HostImage(), 2, 1), 0x0000FFu);
+    // No choice stored for PCX: fitted to the window.
+    ASSERT_TRUE(ImageView(window, &source, &shown));
+    EXPECT_GT(shown.right - shown.left, 100);
 
     // A damaged one is told by its format and by what is wrong with it.
     Bytes cut = zvtest::PcxPicture(zvtest::Pcx(8, 1, 3, 2, 4, {{1, 2, 3, 4}, {5, 6, 7, 8}}));
@@ -87,6 +99,7 @@ TEST(HostOpenRoad, ACutWithItsChosenPaletteAndAPcxOpenInTheirColours)
 
     CloseFileMenu();
     DestroyWindow(window);
+    RegDeleteTreeA(HKEY_CURRENT_USER, "Software\\Zavrin\\Tags\\zvhost");
 }
 
 }  // namespace
