@@ -93,7 +93,7 @@ short ReadPcxPicture(const uint8_t* data, size_t size, Image* out)
     else if (bits == 1 && planes == 4) depth = 4;
     else if (bits == 8 && planes == 1) depth = 8;
     else if (bits == 8 && planes == 3) depth = 24;
-    else return kEngineNotSupported;
+    else return kEngineBadDepth;
     if (bytesPerLine == 0 || bytesPerLine < (size_t(width) * size_t(bits) + 7) / 8) return kEngineFileFormat;
 
     // The 256 colours at the end, when the file has them; the runs stop

@@ -34,8 +34,9 @@ short ReadCutPicture(const uint8_t* data, size_t size, const CutPalette* palette
 
 // A PCX picture: 1 bit and 1 plane, 1 bit and 4 planes (16 colours), 8 bits
 // and 1 plane (256 colours), 8 bits and 3 planes (24-bit colour). 0, or
-// kEngineTruncated, kEngineBadSize, kEngineFileFormat, kEngineNotSupported,
-// kEngineNoMemory; `out` is untouched on failure.
+// kEngineTruncated, kEngineBadSize, kEngineBadDepth (any other bits and
+// planes), kEngineFileFormat, kEngineNoMemory; `out` is untouched on
+// failure.
 short ReadPcxPicture(const uint8_t* data, size_t size, Image* out);
 
 }  // namespace ravi
