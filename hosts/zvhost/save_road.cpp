@@ -83,7 +83,7 @@ ImageFit FitOfImageInHand()
     EnsureSuite();
     char key[16] = {};
     const char* internal = ZvGetInternalExt(g_formats, ExtensionOf(g_imagePath));
-    lstrcpynA(key, internal != nullptr ? internal : "", sizeof key - 8);
+    lstrcpynA(key, internal != nullptr ? internal : "", sizeof key);
     CharUpperA(key);
     char scaleKey[24], widthKey[24];
     std::snprintf(scaleKey, sizeof scaleKey, "%sSCALE", key);
