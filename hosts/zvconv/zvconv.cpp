@@ -146,6 +146,9 @@ int main(int argc, char** argv)
 
     int status = 0;
     Dewey* image = new Dewey;
+    // Source options among the tags (a CUT picture's "CUTIPAL") take effect
+    // as the image is read.
+    image->RefreshOptions(path);
     short result = image->Open(input);
     if (result != 0) {
         status = Fail("cannot open the image", EngineText(result).c_str());

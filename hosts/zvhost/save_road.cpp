@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <cstring>
 
+#include "okacvt32.h"
 #include "okaio32.h"
 #include "print_road.h"
 #include "okamod32.h"
@@ -68,6 +69,31 @@ void ShowTitle(HWND window)
     else
         std::snprintf(title, sizeof title, "Zavrin Host - %s - %ld x %ld, vector", g_imagePath, width, height);
     SetWindowTextA(window, title);
+}
+
+// How the scaling choice of the format's source dialog shows the picture:
+// key + "SCALE" and key + "MAXWIDTH", the key being the format's internal
+// extension. With neither stored the dialog itself takes "Scale to
+// window", and so does the host; "SCALE" on wins over "MAXWIDTH" as in the
+// dialog.
+enum class ImageFit { Window, Width, None };
+
+ImageFit FitOfImageInHand()
+{
+    EnsureSuite();
+    char key[16] = {};
+    const char* internal = ZvGetInternalExt(g_formats, ExtensionOf(g_imagePath));
+    lstrcpynA(key, internal != nullptr ? internal : "", sizeof key);
+    CharUpperA(key);
+    char scaleKey[24], widthKey[24];
+    std::snprintf(scaleKey, sizeof scaleKey, "%sSCALE", key);
+    std::snprintf(widthKey, sizeof widthKey, "%sMAXWIDTH", key);
+    const char* scale = ZvGetTag(g_tags, scaleKey);
+    const char* pageWidth = ZvGetTag(g_tags, widthKey);
+    auto on = [](const char* value) { return value != nullptr && lstrcmpiA(value, "ON") == 0; };
+    if (on(scale) || (scale == nullptr && pageWidth == nullptr))
+        return ImageFit::Window;
+    return on(pageWidth) ? ImageFit::Width : ImageFit::None;
 }
 
 // File > Open: the library's open dialog, with the source options of each
@@ -200,14 +226,23 @@ bool OpenImageFile(HWND window, const char* path)
     if (GetFullPathNameA(path, sizeof full, full, nullptr) == 0 || full[sizeof full - 1] != '\0')
         lstrcpynA(full, path, sizeof full);
     Dewey* image = new Dewey;
+    // The source options chosen in the open dialog (a CUT picture's
+    // palette) reach the engine through the host's stored tags.
+    EnsureSuite();
+    if (const char* options = g_tags->GetPath())
+        image->RefreshOptions(options);
     short result = image->Open(full);
     if (result != 0) {
         delete image;
         char format[300];
         DescribeFormat(full, format, sizeof format);
-        char detail[1100];
-        std::snprintf(detail, sizeof detail, "%s\nThe engine could not read it as %s (engine code %d).", full,
-                      format, result);
+        MsgLib* messages = new MsgLib;
+        char reason[256] = {};
+        messages->GetMessageA(result, reason);
+        delete messages;
+        char detail[1400];
+        std::snprintf(detail, sizeof detail, "%s\nThe engine could not read it as %s (engine code %d: %s).", full,
+                      format, result, reason);
         Report(window, "The image could not be opened.", detail);
         return false;
     }
@@ -273,13 +308,22 @@ bool ImageView(HWND window, RECT* source, RECT* target)
     GetClientRect(window, &client);
     if (width <= 0 || height <= 0 || client.right <= 0 || client.bottom <= 0)
         return false;
+    *source = RECT{0, 0, width, height};
+    const ImageFit fit = FitOfImageInHand();
+    if (fit != ImageFit::Window) {
+        // From the top left corner: at its own size, or as wide as the
+        // window with the height following, as a page is read.
+        const double scale = fit == ImageFit::None ? 1.0 : static_cast<double>(client.right) / width;
+        *target = RECT{0, 0, std::max(1L, static_cast<LONG>(width * scale + 0.5)),
+                       std::max(1L, static_cast<LONG>(height * scale + 0.5))};
+        return true;
+    }
     // The whole picture fills as much of the window as its proportions
     // allow, larger or smaller than its own size, and stands in the middle.
     double scale = std::min(static_cast<double>(client.right) / width, static_cast<double>(client.bottom) / height);
     LONG fittedWidth = std::max(1L, static_cast<LONG>(width * scale + 0.5));
     LONG fittedHeight = std::max(1L, static_cast<LONG>(height * scale + 0.5));
     LONG left = (client.right - fittedWidth) / 2, top = (client.bottom - fittedHeight) / 2;
-    *source = RECT{0, 0, width, height};
     *target = RECT{left, top, left + fittedWidth, top + fittedHeight};
     return true;
 }

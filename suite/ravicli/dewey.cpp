@@ -404,7 +404,7 @@ short Dewey::Open(const char* path)
     if (!path || !*path) return ravi::kEngineBadArgument;
     ravi::Image image;
     HENHMETAFILE emf = nullptr;
-    short code = ravi::ReadImageFile(path, image, emf);
+    short code = ravi::ReadImageFile(path, image, emf, louie->state->fileOptions);
     if (code != 0) return code;
 
     // The section first: when it cannot be had the document keeps what it had.

@@ -107,7 +107,8 @@ HDC BeginMetafile(long width, long height);
 short RunReduceLine(Dewey* document, int depth, int method, long palette, long screen);
 
 // --- files (image_files.cpp) ---
-short ReadImageFile(const char* path, ravi::Image& image, HENHMETAFILE& emf);
+// The options read are those of source files (the CUT palette).
+short ReadImageFile(const char* path, ravi::Image& image, HENHMETAFILE& emf, const ravi::FileOptions& options);
 short WriteImageFile(const char* path, const ravi::Image& image, HENHMETAFILE emf, float jpegQuality);
 short WriteImageFile(const char* path, const ravi::Image& image, HENHMETAFILE emf, float jpegQuality,
                      const ravi::FileOptions& options);

@@ -47,6 +47,7 @@ void ReadFileOptions(TagSet& tags, FileOptions* out)
         if (const char* pitch = tags.Get(vr.c_str())) fax->fine = std::atoi(pitch) != 2592;
         fax->multiPage = IsOn(tags.Get(mpage.c_str()));
     }
+    if (const char* palette = tags.Get("CUTIPAL")) out->cutPalette = palette;
 }
 
 }  // namespace ravi

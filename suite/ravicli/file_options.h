@@ -28,6 +28,9 @@ struct FileOptions {
         bool multiPage = false;
     };
     Fax dcx, sci;
+    // Files read: "CUTIPAL", the palette file that the CUT source dialog
+    // chose; empty when none was chosen.
+    std::string cutPalette;
 };
 
 void ReadFileOptions(TagSet& tags, FileOptions* out);

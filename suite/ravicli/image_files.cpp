@@ -17,6 +17,7 @@
 #include "portable/file_writers.h"
 #include "engine_warnings.h"
 #include "portable/raster_kernels.h"
+#include "portable/source_readers.h"
 
 namespace {
 
@@ -58,7 +59,7 @@ private:
     bool owned_ = false;
 };
 
-enum class FileKind { Unknown, Bmp, Png, Jpeg, Gif, Tiff, Ico, Wmf, Emf, Eps, Dcx, Sci };
+enum class FileKind { Unknown, Bmp, Png, Jpeg, Gif, Tiff, Ico, Wmf, Emf, Eps, Dcx, Sci, Cut, Pcx };
 
 FileKind KindOfPath(const char* path)
 {
@@ -74,6 +75,7 @@ FileKind KindOfPath(const char* path)
         {"jpeg", FileKind::Jpeg}, {"jpe", FileKind::Jpeg}, {"gif", FileKind::Gif},   {"tif", FileKind::Tiff},
         {"tiff", FileKind::Tiff}, {"ico", FileKind::Ico},  {"wmf", FileKind::Wmf},   {"emf", FileKind::Emf},
         {"eps", FileKind::Eps}, {"dcx", FileKind::Dcx},  {"sci", FileKind::Sci},
+        {"cut", FileKind::Cut}, {"pcx", FileKind::Pcx},
     };
     for (const Entry& entry : table)
         if (lstrcmpiA(dot + 1, entry.ext) == 0) return entry.kind;
@@ -285,6 +287,61 @@ short ReadEnhancedMetafile(const char* path, HENHMETAFILE& emf)
     if (!result) return ravi::kEngineFileFormat;
     emf = result;
     return 0;
+}
+
+// The formats the engine decodes itself (portable/source_readers.h). A
+// file larger than any image the engine holds is refused before it is read.
+bool ReadSourceFile(const char* path, std::vector<unsigned char>& bytes, short* code)
+{
+    WIN32_FILE_ATTRIBUTE_DATA facts = {};
+    if (!GetFileAttributesExA(path, GetFileExInfoStandard, &facts)) {
+        *code = ravi::kEngineFileOpen;
+        return false;
+    }
+    if (facts.nFileSizeHigh != 0 || facts.nFileSizeLow > ravi::kMaxImageBytes) {
+        *code = ravi::kEngineNoMemory;
+        return false;
+    }
+    if (!ReadWholeFile(path, bytes)) {
+        *code = ravi::kEngineFileOpen;
+        return false;
+    }
+    return true;
+}
+
+// A CUT picture, coloured by the palette file that the CUT source dialog
+// chose, else by the one of the picture's name beside it; with neither the
+// indices are read as greys. A palette file that is there but damaged
+// fails the open: the colours would be wrong without a word.
+short ReadCutFile(const char* path, const std::string& chosenPalette, ravi::Image& image)
+{
+    std::vector<unsigned char> bytes;
+    short code = 0;
+    if (!ReadSourceFile(path, bytes, &code)) return code;
+    std::string palettePath = chosenPalette;
+    if (palettePath.empty() || !FileExists(palettePath.c_str())) {
+        palettePath = path;
+        const size_t dot = palettePath.find_last_of('.');
+        const size_t slash = palettePath.find_last_of("\\/");
+        if (dot != std::string::npos && (slash == std::string::npos || dot > slash)) palettePath.erase(dot);
+        palettePath += ".pal";
+    }
+    ravi::CutPalette palette;
+    const bool coloured = FileExists(palettePath.c_str());
+    if (coloured) {
+        std::vector<unsigned char> paletteBytes;
+        if (!ReadSourceFile(palettePath.c_str(), paletteBytes, &code)) return code;
+        if ((code = ravi::ReadCutPalette(paletteBytes.data(), paletteBytes.size(), &palette)) != 0) return code;
+    }
+    return ravi::ReadCutPicture(bytes.data(), bytes.size(), coloured ? &palette : nullptr, &image);
+}
+
+short ReadPcxFile(const char* path, ravi::Image& image)
+{
+    std::vector<unsigned char> bytes;
+    short code = 0;
+    if (!ReadSourceFile(path, bytes, &code)) return code;
+    return ravi::ReadPcxPicture(bytes.data(), bytes.size(), &image);
 }
 
 // ---------------------------------------------------------------- writing
@@ -626,12 +683,14 @@ short WriteEps(const char* path, const ravi::Image& image, const ravi::EpsOption
 
 namespace ravi {
 
-short ReadImageFile(const char* path, Image& image, HENHMETAFILE& emf)
+short ReadImageFile(const char* path, Image& image, HENHMETAFILE& emf, const FileOptions& options)
 {
     if (!FileExists(path)) return kEngineFileOpen;
     switch (KindOfPath(path)) {
     case FileKind::Emf: return ReadEnhancedMetafile(path, emf);
     case FileKind::Wmf: return ReadWindowsMetafile(path, emf);
+    case FileKind::Cut: return ReadCutFile(path, options.cutPalette, image);
+    case FileKind::Pcx: return ReadPcxFile(path, image);
     default: return ReadThroughWic(path, image);  // the decoder knows the format by its content
     }
 }
@@ -671,7 +730,8 @@ short WriteImageFile(const char* path, const Image& raster, HENHMETAFILE emf, fl
                      const FileOptions& options)
 {
     FileKind kind = KindOfPath(path);
-    if (kind == FileKind::Unknown) return kEngineFileFormat;
+    // The engine reads CUT and PCX but writes neither.
+    if (kind == FileKind::Unknown || kind == FileKind::Cut || kind == FileKind::Pcx) return kEngineFileFormat;
 
     if (kind == FileKind::Emf || kind == FileKind::Wmf) {
         HENHMETAFILE picture = emf;
