@@ -91,9 +91,19 @@ TEST_F(SourceDialog, HelpAndF1OpenTheDialogsTopic)
 }
 
 // The registry decides the kind and the groups; OK writes the kind back and
-// stores only the groups of that kind.
+// stores only the groups of that kind. The class values live in the one
+// registry of the run, so every case that changes them is in this test.
 TEST_F(SourceDialog, TheStoredClassChoosesTheGroupsAndOkWritesTheChosenKind)
 {
+    SetClass("CGM", nullptr);
+    d.WaitWindow("CGM Source Options").ExpectChecked(IDC_SRC_CLASS_2D, false).ExpectChecked(IDC_SRC_CLASS_3D, false);
+    d.PressOk();
+    EXPECT_EQ(Run("CGM", 2), 1);
+    EXPECT_EQ(Class("CGM"), "<absent>");
+    EXPECT_EQ(Tag("CGMSCALE"), "<absent>");
+    EXPECT_EQ(Tag("MEMORIZE"), "OFF");
+
+    // A stored class: 3D shown, and OK on 2D writes it back.
     SetClass("CGM", "e");
     d.WaitWindow("CGM Source Options").ExpectChecked(IDC_SRC_CLASS_3D, true);
     d.ExpectEnabled(IDC_SRC_SCALE_OFF, false).ExpectEnabled(IDC_CGM_TRIM, false);
@@ -117,17 +127,6 @@ TEST_F(SourceDialog, TheStoredClassChoosesTheGroupsAndOkWritesTheChosenKind)
     EXPECT_EQ(Tag("DXF3DRENDER"), "1");
     EXPECT_EQ(Tag("DXFSCALE"), "ON");  // the default shown at the start
     EXPECT_EQ(Tag("DXFMAXWIDTH"), "<absent>");
-}
-
-TEST_F(SourceDialog, WithoutTheClassValueNoKindIsShownAndOkStoresOnlyMemorize)
-{
-    SetClass("CGM", nullptr);
-    d.WaitWindow("CGM Source Options").ExpectChecked(IDC_SRC_CLASS_2D, false).ExpectChecked(IDC_SRC_CLASS_3D, false);
-    d.PressOk();
-    EXPECT_EQ(Run("CGM", 2), 1);
-    EXPECT_EQ(Class("CGM"), "<absent>");
-    EXPECT_EQ(Tag("CGMSCALE"), "<absent>");
-    EXPECT_EQ(Tag("MEMORIZE"), "OFF");
 }
 
 TEST_F(SourceDialog, TheGeneric3dDialogShowsVirtualRealityOverCadAndCancelStoresNothing)
