@@ -596,14 +596,15 @@ short WriteGif(const char* path, const ravi::Image& source, const ravi::FileOpti
     return WriteWholeFile(path, gif.data(), gif.size()) ? short(0) : short(ravi::kEngineFileWrite);
 }
 
-// A TIFF in the layout of a flavour's type text: uncompressed and PackBits
-// by the engine's own writer, every other compression through the
-// platform's encoder, asked for by name.
+// A TIFF in the layout of a flavour's type text: the compressions the
+// engine codes itself (none, LZW, Deflate, PackBits) by its own writer,
+// which also gives tiles and planes; the CCITT ones through the platform's
+// encoder, asked for by name.
 short WriteTiff(const char* path, const ravi::Image& image, const std::string& typeText)
 {
     zvtiff::TiffTypeSpec spec;
     if (!zvtiff::ParseTiffTypeText(typeText.c_str(), &spec)) return ravi::kEngineBadArgument;
-    if (spec.compression == 1 || spec.compression == 32773) {
+    if (ravi::EngineWritesTiffCompression(spec.compression)) {
         std::vector<unsigned char> tiff;
         short code = ravi::WriteTiffBytes(image, spec, &tiff);
         if (code != 0) return code;
@@ -650,9 +651,9 @@ static short WriteRasterFile(const char* path, FileKind kind, const Image& image
     if (kind == FileKind::Eps) return WriteEps(path, image, options.eps);
     if (kind == FileKind::Dcx || kind == FileKind::Sci) {
         // The fax kinds are written as TIFF class F.
-        const FileOptions::Fax& fax = kind == FileKind::Dcx ? options.dcx : options.sci;
+        const FaxOptions& fax = kind == FileKind::Dcx ? options.dcx : options.sci;
         std::vector<unsigned char> tiff;
-        short code = WriteFaxTiffBytes(image, fax.fine, fax.multiPage, &tiff);
+        short code = WriteFaxTiffBytes(image, fax, &tiff);
         if (code != 0) return code;
         return WriteWholeFile(path, tiff.data(), tiff.size()) ? short(0) : short(kEngineFileWrite);
     }

@@ -35,6 +35,24 @@ if write tiff_bilevel tif 'TIFTYPE=COMP=1;PHOTO=0;BPS=1;SPP=1;FILL=2;PLANAR=1;PR
     expect "bilevel fill order" "$(grep -o 'FillOrder (266) SHORT (3) 1<[0-9]*>' <<<"$dump")" "FillOrder (266) SHORT (3) 1<2>"
 fi
 
+# TIFF layouts and compressions the engine codes itself: tiles, separate
+# planes, LZW and Deflate with differencing; libtiff must give the
+# sample's pixels back.
+tiff_layout() {  # name, type text, tiffinfo lines wanted...
+    local name=$1 type=$2; shift 2
+    write "$name" tif "TIFTYPE=$type" || return
+    local info; info=$(tiffinfo "$out/$name.tif" 2>&1)
+    for line in "$@"; do
+        grep -qF "$line" <<<"$info" && echo "ok: $name: $line" || fail "$name: no '$line' in tiffinfo"
+    done
+    expect "$name pixels differing from the sample" "$(compare -metric AE "$sample" "$out/$name.tif" null: 2>&1)" "0"
+}
+tiff_layout tiff_tiles_planar 'COMP=32773;PLANAR=2;TILES=48x32' 'Tile Width: 48 Tile Length: 32' \
+    'Planar Configuration: separate image planes'
+tiff_layout tiff_lzw 'COMP=5;PHOTO=2;BPS=8;SPP=3;PRED=2;STRIPS=16' 'Compression Scheme: LZW' \
+    'Predictor: horizontal differencing'
+tiff_layout tiff_deflate_tiles 'COMP=8;PRED=2;TILES=16x16' 'Compression Scheme: AdobeDeflate' 'Tile Width: 16'
+
 # GIF: interlaced, with white transparent (the bottom right pixel is white).
 if write gif_choices gif 'GIFINT=ON' 'GIFTRANS=WHITE'; then
     expect "GIF interlace" "$(identify -format '%[interlace]' "$out/gif_choices.gif")" "GIF"
@@ -71,6 +89,22 @@ if write fax_coarse dcx 'DCXVR=2592' 'DCXMPAGE=ON'; then
             "$(compare -metric AE "$out/fax_expected.pbm" "$out/fax_page.pbm" null: 2>&1)" "0"
     else
         fail "fax: libtiff cannot decode it"; cat "$out/fax_decode.log"
+    fi
+fi
+
+# Fax offsets in millimetres: 10 across is 80 dots at 204 dpi, 5 down is
+# 19 coarse lines; the sample stands there on a white page.
+if write fax_offsets sci 'SCIVR=2592' 'SCIHOFF=10' 'SCIVOFF=5'; then
+    if tiffcp -c none "$out/fax_offsets.sci" "$out/fax_offsets.tif" 2>"$out/fax_offsets_decode.log" &&
+        [ ! -s "$out/fax_offsets_decode.log" ]; then
+        expect "fax page height with the offset" "$(identify -format '%h' "$out/fax_offsets.tif")" "$((48 + 19))"
+        convert "$out/fax_offsets.tif" -crop 64x48+80+19 +repage "$out/fax_offsets_image.pbm"
+        expect "fax pixels differing from the moved sample" \
+            "$(compare -metric AE "$out/fax_expected.pbm" "$out/fax_offsets_image.pbm" null: 2>&1)" "0"
+        expect "fax margins, black pixels" \
+            "$(convert "$out/fax_offsets.tif" -fill white -draw 'rectangle 80,19 143,66' -format '%[fx:int(w*h*(1-mean)+0.5)]' info:)" "0"
+    else
+        fail "fax offsets: libtiff cannot decode it"; cat "$out/fax_offsets_decode.log"
     fi
 fi
 

@@ -2,6 +2,7 @@
 #include "fax_writer.h"
 
 #include <algorithm>
+#include <cmath>
 
 #include "engine_codes.h"
 
@@ -100,29 +101,46 @@ void Put32(std::vector<uint8_t>& out, uint32_t v)
     Put16(out, v >> 16);
 }
 
+// The dots across and the lines down of a fax.
+constexpr double kFaxDotsPerInch = 204.0, kFineLinesPerInch = 196.0, kCoarseLinesPerInch = 98.0;
+
+int32_t MillimetresToDots(double mm, double dotsPerInch)
+{
+    return int32_t(std::lround(mm / 25.4 * dotsPerInch));
+}
+
 }  // namespace
 
-short WriteFaxTiffBytes(const Image& image, bool fine, bool multiPage, std::vector<uint8_t>* out)
+short WriteFaxTiffBytes(const Image& image, const FaxOptions& options, std::vector<uint8_t>* out)
 {
     if (image.Empty()) return kEngineNoImage;
+    const bool fine = options.fine;
     const int32_t height = image.Height();
-    const int32_t pageRows = multiPage ? (fine ? kFaxFinePageRows : kFaxCoarsePageRows) : height;
-    const int32_t pages = (height + pageRows - 1) / pageRows;
-    const int32_t width = std::min(image.Width(), kFaxWidth);
+    // The page's bounds hold here too, whatever the tags say.
+    const int32_t shift = MillimetresToDots(std::clamp(options.horizontalOffsetMm, -150.0, 150.0), kFaxDotsPerInch);
+    const int32_t margin = MillimetresToDots(std::clamp(options.verticalOffsetMm, 0.0, 150.0),
+                                             fine ? kFineLinesPerInch : kCoarseLinesPerInch);
+    const int32_t pageRows = fine ? kFaxFinePageRows : kFaxCoarsePageRows;
+    const int32_t imageRowsPerPage = options.multiPage ? pageRows - margin : height;
+    const int32_t pages = (height + imageRowsPerPage - 1) / imageRowsPerPage;
 
     std::vector<uint8_t> tiff = {'I', 'I', 42, 0, 0, 0, 0, 0};
     size_t link = 4;  // where the offset of the next IFD goes
     for (int32_t page = 0; page < pages; ++page) {
-        const int32_t first = page * pageRows, rows = std::min(pageRows, height - first);
+        const int32_t first = page * imageRowsPerPage;
+        const int32_t rows = margin + std::min(imageRowsPerPage, height - first);
         BitWriter bits;
-        for (int32_t y = first; y < first + rows; ++y) {
+        for (int32_t line = 0; line < rows; ++line) {
             bits.EndOfLine();
+            const int32_t y = first + line - margin;  // the image's row; above it the margin
             bool black = false;
             int32_t x = 0;
             while (x < kFaxWidth) {
                 int32_t run = 0;
                 while (x < kFaxWidth) {
-                    uint32_t rgb = x < width ? image.PixelRgb(x, y) : 0xFFFFFF;
+                    const int32_t from = x - shift;
+                    const uint32_t rgb =
+                        y >= 0 && from >= 0 && from < image.Width() ? image.PixelRgb(from, y) : 0xFFFFFF;
                     uint32_t luminance =
                         (299 * ((rgb >> 16) & 0xFF) + 587 * ((rgb >> 8) & 0xFF) + 114 * (rgb & 0xFF)) / 1000;
                     if ((luminance < 128) != black) break;
@@ -172,8 +190,8 @@ short WriteFaxTiffBytes(const Image& image, bool fine, bool multiPage, std::vect
         }
         link = tiff.size();
         Put32(tiff, 0);
-        Put32(tiff, 204), Put32(tiff, 1);
-        Put32(tiff, fine ? 196 : 98), Put32(tiff, 1);
+        Put32(tiff, uint32_t(kFaxDotsPerInch)), Put32(tiff, 1);
+        Put32(tiff, uint32_t(fine ? kFineLinesPerInch : kCoarseLinesPerInch)), Put32(tiff, 1);
     }
     *out = std::move(tiff);
     return kEngineOk;

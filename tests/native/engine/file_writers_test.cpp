@@ -92,9 +92,47 @@ TEST(FileWriters, TiffStripsHoldThePixelsInEachLayout)
     EXPECT_EQ(pixels[1], 0x03);  // 8 and 9 dark, in the low bits
     EXPECT_EQ(pixels[2], 0x00);
 
-    zvtiff::TiffTypeSpec lzw;
-    lzw.compression = 5;
-    EXPECT_EQ(WriteTiffBytes(image, lzw, &tiff), kEngineBadArgument);
+    zvtiff::TiffTypeSpec group4;
+    group4.compression = 4;
+    EXPECT_EQ(WriteTiffBytes(image, group4, &tiff), kEngineBadArgument);
+}
+
+TEST(FileWriters, TilesArePaddedAndPlanesFollowOneAnother)
+{
+    // 20 x 7 in tiles of 16 x 16: two tiles a plane, the second padded.
+    Image image = MakeOrDie(20, 7, 24);
+    image.SetPixelValue(17, 5, 0x112233);
+    zvtiff::TiffTypeSpec spec;
+    spec.tiled = true;
+    spec.tileWidth = spec.tileLength = 16;
+    spec.planarConfig = 2;
+    std::vector<uint8_t> tiff;
+    ASSERT_EQ(WriteTiffBytes(image, spec, &tiff), 0);
+    zvtiff::TiffMemorySource source(tiff.data(), tiff.size());
+    zvtiff::TiffStructure structure;
+    ASSERT_EQ(zvtiff::ReadTiffStructure(source, &structure), zvtiff::TiffStatus::Ok);
+    const zvtiff::TiffIfd& ifd = structure.ifds.at(0);
+    zvtiff::TiffImageFacts facts = zvtiff::ReadImageFacts(ifd);
+    EXPECT_TRUE(facts.tiled);
+    EXPECT_EQ(facts.planarConfig, 2u);
+    EXPECT_EQ(ifd.Find(zvtiff::kTagStripOffsets), nullptr);
+    const auto& offsets = ifd.Find(zvtiff::kTagTileOffsets)->values;
+    const auto& counts = ifd.Find(zvtiff::kTagTileByteCounts)->values;
+    ASSERT_EQ(offsets.size(), 6u);
+    for (uint32_t count : counts) EXPECT_EQ(count, 16u * 16);
+    // Pixel (17, 5) lies in the second tile of each plane at (1, 5).
+    for (uint32_t plane = 0; plane < 3; ++plane)
+        EXPECT_EQ(tiff[offsets[plane * 2 + 1] + 5 * 16 + 1], 0x11 * (plane + 1)) << plane;
+
+    // A tile far larger than the image is cut to the image rounded up to 16.
+    spec.tileWidth = spec.tileLength = 4096;
+    spec.planarConfig = 1;
+    ASSERT_EQ(WriteTiffBytes(image, spec, &tiff), 0);
+    zvtiff::TiffMemorySource big(tiff.data(), tiff.size());
+    ASSERT_EQ(zvtiff::ReadTiffStructure(big, &structure), zvtiff::TiffStatus::Ok);
+    facts = zvtiff::ReadImageFacts(structure.ifds.at(0));
+    EXPECT_EQ(facts.tileWidth, 32u);
+    EXPECT_EQ(facts.tileLength, 16u);
 }
 
 TEST(FileWriters, GifGetsItsInterlaceFlagAndTransparentEntry)
@@ -160,7 +198,10 @@ TEST(FileWriters, FaxPagesAreClassFInTheirResolution)
     Image image = MakeOrDie(100, kFaxCoarsePageRows + 1, 1);
     for (bool multiPage : {false, true}) {
         std::vector<uint8_t> fax;
-        ASSERT_EQ(WriteFaxTiffBytes(image, false, multiPage, &fax), 0);
+        FaxOptions options;
+        options.fine = false;
+        options.multiPage = multiPage;
+        ASSERT_EQ(WriteFaxTiffBytes(image, options, &fax), 0);
         zvtiff::TiffMemorySource source(fax.data(), fax.size());
         zvtiff::TiffStructure tiff;
         ASSERT_EQ(zvtiff::ReadTiffStructure(source, &tiff), zvtiff::TiffStatus::Ok);
@@ -177,6 +218,21 @@ TEST(FileWriters, FaxPagesAreClassFInTheirResolution)
         EXPECT_EQ(fax[data], 0x00);
         EXPECT_EQ(fax[data + 1], 0x80);
     }
+
+    // A vertical offset of 5 mm is 19 coarse lines above the image on
+    // every page, so a page holds 19 rows less of it.
+    FaxOptions options;
+    options.fine = false;
+    options.multiPage = true;
+    options.verticalOffsetMm = 5.0;
+    std::vector<uint8_t> fax;
+    ASSERT_EQ(WriteFaxTiffBytes(image, options, &fax), 0);
+    zvtiff::TiffMemorySource source(fax.data(), fax.size());
+    zvtiff::TiffStructure tiff;
+    ASSERT_EQ(zvtiff::ReadTiffStructure(source, &tiff), zvtiff::TiffStatus::Ok);
+    ASSERT_EQ(tiff.ifds.size(), 2u);
+    EXPECT_EQ(zvtiff::ReadImageFacts(tiff.ifds[0]).height, uint32_t(kFaxCoarsePageRows));
+    EXPECT_EQ(zvtiff::ReadImageFacts(tiff.ifds[1]).height, 19u + (kFaxCoarsePageRows + 1) - (kFaxCoarsePageRows - 19));
 }
 
 TEST(FileWriters, EncodersAreAskedForTheQualityAndCompressionThePagesChose)
