@@ -15,6 +15,7 @@
 
 #include "engine_state.h"
 #include "portable/file_writers.h"
+#include "portable/jpeg_writer.h"
 #include "engine_warnings.h"
 #include "portable/raster_kernels.h"
 
@@ -314,22 +315,12 @@ WICPixelFormatGUID WicFormatOf(const ravi::Image& image)
 // Tries to write one frame of the image as it is. S_FALSE when the encoder
 // wants another pixel format; the caller then converts and tries again.
 HRESULT EncodeFrame(IWICImagingFactory* factory, IWICBitmapEncoder* encoder, const ravi::Image& image,
-                    float jpegQuality, int tiffCompression = -1)
+                    int tiffCompression = -1)
 {
     ComPtr<IWICBitmapFrameEncode> frame;
     ComPtr<IPropertyBag2> options;
     HRESULT hr = encoder->CreateNewFrame(&frame, &options);
     if (FAILED(hr)) return hr;
-    if (jpegQuality >= 0.0f && options) {
-        // Encoders without this option ignore it.
-        PROPBAG2 name = {};
-        name.pstrName = const_cast<LPOLESTR>(L"ImageQuality");
-        VARIANT value;
-        VariantInit(&value);
-        value.vt = VT_R4;
-        value.fltVal = jpegQuality;
-        options->Write(1, &name, &value);
-    }
     if (tiffCompression >= 0 && options) {
         // Asked of every TIFF encoder; one that ignores it writes its own
         // default (docs/dest_pages.md tells which).
@@ -389,7 +380,7 @@ short ToGifDepth(ravi::Image& image)
 }
 
 short EncodeToStream(IWICImagingFactory* factory, IStream* stream, const GUID& container, const ravi::Image& source,
-                     float jpegQuality = -1.0f, int tiffCompression = -1)
+                     int tiffCompression = -1)
 {
     ravi::Image image = source;
     short code = 0;
@@ -414,7 +405,7 @@ short EncodeToStream(IWICImagingFactory* factory, IStream* stream, const GUID& c
         LARGE_INTEGER zero = {};
         stream->Seek(zero, STREAM_SEEK_SET, nullptr);
         if (FAILED(encoder->Initialize(stream, WICBitmapEncoderNoCache))) return ravi::kEngineFileWrite;
-        HRESULT hr = EncodeFrame(factory, encoder.get(), image, jpegQuality, tiffCompression);
+        HRESULT hr = EncodeFrame(factory, encoder.get(), image, tiffCompression);
         if (hr == S_OK) {
             if (lost != 0) ravi::ReportWarning(lost);
             return 0;
@@ -437,8 +428,7 @@ GUID ContainerOf(FileKind kind)
     }
 }
 
-short WriteThroughWic(const char* path, FileKind kind, const ravi::Image& image, float jpegQuality,
-                     int tiffCompression = -1)
+short WriteThroughWic(const char* path, FileKind kind, const ravi::Image& image, int tiffCompression = -1)
 {
     ComScope com;
     ComPtr<IWICImagingFactory> factory;
@@ -449,7 +439,7 @@ short WriteThroughWic(const char* path, FileKind kind, const ravi::Image& image,
     if (FAILED(factory->CreateStream(&stream))) return ravi::kEngineNoMemory;
     std::wstring wide = Widen(path);
     if (FAILED(stream->InitializeFromFilename(wide.c_str(), GENERIC_WRITE))) return ravi::kEngineFileWrite;
-    return EncodeToStream(factory.get(), stream.get(), ContainerOf(kind), image, jpegQuality, tiffCompression);
+    return EncodeToStream(factory.get(), stream.get(), ContainerOf(kind), image, tiffCompression);
 }
 
 // The image in a container format in memory.
@@ -612,7 +602,21 @@ short WriteTiff(const char* path, const ravi::Image& image, const std::string& t
     }
     int wic = ravi::WicTiffCompression(spec.compression, spec.predictor);
     if (wic < 0) return ravi::kEngineNotSupported;
-    return WriteThroughWic(path, FileKind::Tiff, image, -1.0f, wic);
+    return WriteThroughWic(path, FileKind::Tiff, image, wic);
+}
+
+// JPEG by the engine's own writer, at the quality asked (the platform
+// encoder's usual 0.9 when none was), so that the page's quality is in
+// the file on every platform.
+short WriteJpeg(const char* path, const ravi::Image& image, float imageQuality)
+{
+    std::vector<unsigned char> jpeg;
+    const int percent = ravi::JpegQualityPercent(imageQuality >= 0.0f ? imageQuality : ravi::kDefaultJpegImageQuality);
+    short code = ravi::WriteJpegBytes(image, percent, &jpeg);
+    if (code != 0) return code;
+    if (!WriteWholeFile(path, jpeg.data(), jpeg.size())) return ravi::kEngineFileWrite;
+    if (HasAlpha(image)) ravi::ReportWarning(kRavicliWarnAlphaDropped);
+    return 0;
 }
 
 short WriteEps(const char* path, const ravi::Image& image, const ravi::EpsOptions& options)
@@ -660,7 +664,8 @@ static short WriteRasterFile(const char* path, FileKind kind, const Image& image
     if (kind == FileKind::Tiff && !options.tiffType.empty()) return WriteTiff(path, image, options.tiffType);
     if (kind == FileKind::Gif && (options.gifInterlace || options.gifTransparent >= 0))
         return WriteGif(path, image, options);
-    return WriteThroughWic(path, kind, image, jpegQuality);
+    if (kind == FileKind::Jpeg) return WriteJpeg(path, image, jpegQuality);
+    return WriteThroughWic(path, kind, image);
 }
 
 short WriteImageFile(const char* path, const Image& raster, HENHMETAFILE emf, float jpegQuality)

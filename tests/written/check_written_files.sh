@@ -65,6 +65,16 @@ if write ico_size ico 'ICOSIZE=48 x 48'; then
     expect "ICO size" "$(identify -format '%wx%h' "$out/ico_size.ico")" "48x48"
 fi
 
+# JPEG: the quality factor reaches the quantization tables (ImageMagick
+# estimates the quality from them): "JPGQ" 20 is 93 of 100, 200 is 22, and
+# the finer file is close to the sample.
+if write jpeg_fine jpg 'JPGQ=20' && write jpeg_coarse jpg 'JPGQ=200'; then
+    expect "JPEG quality of JPGQ 20" "$(identify -format '%Q' "$out/jpeg_fine.jpg")" "93"
+    expect "JPEG quality of JPGQ 200" "$(identify -format '%Q' "$out/jpeg_coarse.jpg")" "22"
+    psnr=$(compare -metric PSNR "$sample" "$out/jpeg_fine.jpg" null: 2>&1)
+    awk -v p="$psnr" 'BEGIN { exit !(p + 0 >= 40) }' && echo "ok: JPEG 20 PSNR $psnr" || fail "JPEG 20 PSNR $psnr below 40"
+fi
+
 # EPS: CMYK with half the gray replaced, a coarse preview; Ghostscript's
 # rendering must give the source's pixels back.
 if write eps_cmyk eps 'EPSMODEL=CMYK' 'EPSUCR=0.5' 'EPSFF=ON' 'EPSEMBVIEW=COARSEBW'; then

@@ -3,6 +3,7 @@
 // shape, and the colour arithmetic of the PostScript raster.
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <string>
 
 #include "encoder_options.h"
@@ -10,6 +11,7 @@
 #include "fax_writer.h"
 #include "engine_test_util.h"
 #include "file_writers.h"
+#include "jpeg_writer.h"
 #include "tiff_reader.h"
 
 namespace ravi::test {
@@ -233,6 +235,30 @@ TEST(FileWriters, FaxPagesAreClassFInTheirResolution)
     ASSERT_EQ(tiff.ifds.size(), 2u);
     EXPECT_EQ(zvtiff::ReadImageFacts(tiff.ifds[0]).height, uint32_t(kFaxCoarsePageRows));
     EXPECT_EQ(zvtiff::ReadImageFacts(tiff.ifds[1]).height, 19u + (kFaxCoarsePageRows + 1) - (kFaxCoarsePageRows - 19));
+}
+
+TEST(FileWriters, JpegQuantizesByTheQualityAndCoversPartialBlocks)
+{
+    // 13 x 9 leaves blocks cut at both edges; the samples repeat there.
+    Image image = MakeOrDie(13, 9, 24);
+    for (int32_t y = 0; y < 9; ++y)
+        for (int32_t x = 0; x < 13; ++x) image.SetPixelValue(x, y, uint32_t(x * 19 << 16 | y * 27 << 8 | 0x80));
+    std::vector<uint8_t> jpeg;
+    auto firstLuminanceQuant = [&](int quality) {
+        EXPECT_EQ(WriteJpegBytes(image, quality, &jpeg), 0);
+        const uint8_t dqt[] = {0xFF, 0xDB, 0, 67, 0};
+        auto at = std::search(jpeg.begin(), jpeg.end(), dqt, dqt + sizeof dqt);
+        return at == jpeg.end() ? -1 : int(at[sizeof dqt]);
+    };
+    // The example table's 16 at quality 50, halved at 75, 1 at 100.
+    EXPECT_EQ(firstLuminanceQuant(50), 16);
+    EXPECT_EQ(firstLuminanceQuant(75), 8);
+    EXPECT_EQ(firstLuminanceQuant(100), 1);
+    EXPECT_EQ(jpeg[0], 0xFF);
+    EXPECT_EQ(jpeg[1], 0xD8);
+    EXPECT_EQ(jpeg[jpeg.size() - 1], 0xD9);
+    EXPECT_EQ(JpegQualityPercent(JpegQualityFromFactor(20)), 93);
+    EXPECT_EQ(JpegQualityPercent(JpegQualityFromFactor(255)), 1);
 }
 
 TEST(FileWriters, EncodersAreAskedForTheQualityAndCompressionThePagesChose)
