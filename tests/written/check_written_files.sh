@@ -85,6 +85,26 @@ if write eps_cmyk eps 'EPSMODEL=CMYK' 'EPSUCR=0.5' 'EPSFF=ON' 'EPSEMBVIEW=COARSE
         "$(compare -metric AE -fuzz 2% "$sample" "$out/eps_cmyk.ppm" null: 2>&1)" "0"
 fi
 
+# EPS with a Windows metafile preview: libwmf finds in it the sample's
+# pixels drawn over the sample's box.
+u32() { od -An -tu4 -j "$2" -N4 "$1" | tr -d ' '; }
+if write eps_wmf eps 'EPSEMBVIEW=WMF'; then
+    at=$(u32 "$out/eps_wmf.eps" 12) length=$(u32 "$out/eps_wmf.eps" 16)
+    if [ "${length:-0}" -gt 0 ]; then
+        tail -c +"$((at + 1))" "$out/eps_wmf.eps" | head -c "$length" > "$out/eps_wmf.wmf"
+        rm -f "$out"/eps_wmf-*.png
+        (cd "$out" && wmf2svg -o eps_wmf.svg eps_wmf.wmf)
+        expect "WMF preview box" "$(grep -o '<svg width="[0-9]*" height="[0-9]*"' "$out/eps_wmf.svg")" \
+            '<svg width="64" height="48"'
+        # The SVG names the picture it took out of the metafile.
+        picture=$(grep -o 'xlink:href="[^"]*"' "$out/eps_wmf.svg" | head -1 | cut -d'"' -f2)
+        expect "WMF preview pixels differing from the sample" \
+            "$(compare -metric AE "$sample" "$out/${picture:-none}" null: 2>&1)" "0"
+    else
+        fail "EPS: no WMF preview in the header"
+    fi
+fi
+
 # Fax: TIFF class F, Modified Huffman, coarse; libtiff decodes it to the
 # sample's pixels made bilevel.
 if write fax_coarse dcx 'DCXVR=2592' 'DCXMPAGE=ON'; then

@@ -349,6 +349,65 @@ short FinishGif(std::vector<uint8_t>& gif, bool interlaced, int64_t transparentR
     return kEngineOk;
 }
 
+namespace {
+
+// A Windows metafile that draws the image: one StretchDIB of a 24-bit DIB
+// over a window of the image's size. Its coordinates are 16-bit, so a
+// larger image is shrunk to fit.
+short MetafileOfImage(const Image& source, std::vector<uint8_t>* out)
+{
+    constexpr int32_t kMaxSide = 32767;
+    Image image = source;
+    if (image.Width() > kMaxSide || image.Height() > kMaxSide) {
+        const double scale = double(kMaxSide) / std::max(image.Width(), image.Height());
+        short code = Resize(image, std::max(1, int32_t(image.Width() * scale)),
+                            std::max(1, int32_t(image.Height() * scale)), 1);
+        if (code != 0) return code;
+    }
+    const uint32_t width = uint32_t(image.Width()), height = uint32_t(image.Height());
+    const uint32_t stride = (width * 3 + 3) & ~3u;
+    std::vector<uint8_t> dib;
+    Put32(dib, 40), Put32(dib, width), Put32(dib, height), Put16(dib, 1), Put16(dib, 24);
+    Put32(dib, 0), Put32(dib, stride * height);
+    Put32(dib, uint32_t(std::max(0, image.Header()->xPelsPerMeter)));
+    Put32(dib, uint32_t(std::max(0, image.Header()->yPelsPerMeter)));
+    Put32(dib, 0), Put32(dib, 0);
+    // Rows bottom up, blue green red.
+    for (int32_t y = int32_t(height) - 1; y >= 0; --y) {
+        const size_t at = dib.size();
+        dib.resize(at + stride, 0);
+        for (uint32_t x = 0; x < width; ++x) {
+            const uint32_t rgb = image.PixelRgb(int32_t(x), y);
+            dib[at + 3 * x] = uint8_t(rgb), dib[at + 3 * x + 1] = uint8_t(rgb >> 8);
+            dib[at + 3 * x + 2] = uint8_t(rgb >> 16);
+        }
+    }
+    std::vector<uint8_t> records;
+    auto record = [&](uint16_t function, std::initializer_list<uint16_t> words, const std::vector<uint8_t>& tail) {
+        Put32(records, uint32_t(3 + words.size() + tail.size() / 2));
+        Put16(records, function);
+        for (uint16_t w : words) Put16(records, w);
+        records.insert(records.end(), tail.begin(), tail.end());
+    };
+    const uint16_t w = uint16_t(width), h = uint16_t(height);
+    record(0x020B, {0, 0}, {});  // the window's origin, y then x
+    record(0x020C, {h, w}, {});  // its extent, height then width
+    // StretchDIB: SRCCOPY, RGB colours, source and destination boxes, the DIB.
+    record(0x0F43, {0x0020, 0x00CC, 0, h, w, 0, 0, h, w, 0, 0}, dib);
+    record(0x0000, {}, {});  // the end
+    const uint32_t largest = uint32_t(3 + 11 + dib.size() / 2);
+    out->clear();
+    Put16(*out, 1), Put16(*out, 9), Put16(*out, 0x0300);
+    Put32(*out, uint32_t(9 + records.size() / 2));
+    Put16(*out, 0);
+    Put32(*out, largest);
+    Put16(*out, 0);
+    out->insert(out->end(), records.begin(), records.end());
+    return kEngineOk;
+}
+
+}  // namespace
+
 short WriteEpsBytes(const Image& source, const EpsOptions& options, std::vector<uint8_t>* out)
 {
     if (source.Empty()) return kEngineNoImage;
@@ -392,7 +451,9 @@ short WriteEpsBytes(const Image& source, const EpsOptions& options, std::vector<
     ps += ">\ngrestore\nshowpage\n%%EOF\n";
     if (options.formFeed) ps += '\f';
 
-    std::vector<uint8_t> preview;
+    // A TIFF preview or a Windows metafile one: the binary header has a
+    // place for each.
+    std::vector<uint8_t> tiffPreview, metafilePreview;
     const std::string& kind = options.preview;
     if (kind == "COARSEBW" || kind == "COARSECOLOR" || kind == "FINEBW" || kind == "FINECOLOR") {
         Image small = source;
@@ -402,24 +463,30 @@ short WriteEpsBytes(const Image& source, const EpsOptions& options, std::vector<
         }
         zvtiff::TiffTypeSpec spec;
         if (kind.find("BW") != std::string::npos) spec.bitsPerSample = 1;
-        short code = WriteTiffBytes(small, spec, &preview);
+        short code = WriteTiffBytes(small, spec, &tiffPreview);
+        if (code != 0) return code;
+    } else if (kind == "WMF") {
+        short code = MetafileOfImage(source, &metafilePreview);
         if (code != 0) return code;
     }
     out->clear();
-    if (!preview.empty()) {
-        // The binary EPS header: PostScript at 30, the TIFF preview behind it.
+    if (!tiffPreview.empty() || !metafilePreview.empty()) {
+        // The binary EPS header: PostScript at 30, the previews behind it.
         const uint8_t magic[] = {0xC5, 0xD0, 0xD3, 0xC6};
+        const uint32_t metafileAt = metafilePreview.empty() ? 0 : uint32_t(30 + ps.size());
+        const uint32_t tiffAt = tiffPreview.empty() ? 0 : uint32_t(30 + ps.size() + metafilePreview.size());
         out->insert(out->end(), magic, magic + 4);
         Put32(*out, 30);
         Put32(*out, uint32_t(ps.size()));
-        Put32(*out, 0);
-        Put32(*out, 0);
-        Put32(*out, uint32_t(30 + ps.size()));
-        Put32(*out, uint32_t(preview.size()));
+        Put32(*out, metafileAt);
+        Put32(*out, uint32_t(metafilePreview.size()));
+        Put32(*out, tiffAt);
+        Put32(*out, uint32_t(tiffPreview.size()));
         Put16(*out, 0xFFFF);
     }
     out->insert(out->end(), ps.begin(), ps.end());
-    out->insert(out->end(), preview.begin(), preview.end());
+    out->insert(out->end(), metafilePreview.begin(), metafilePreview.end());
+    out->insert(out->end(), tiffPreview.begin(), tiffPreview.end());
     return kEngineOk;
 }
 

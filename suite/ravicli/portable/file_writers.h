@@ -53,9 +53,11 @@ short FinishGif(std::vector<uint8_t>& gif, bool interlaced, int64_t transparentR
 // image's size at its resolution (72 dpi when it has none). formFeed ends
 // the file in a form feed after showpage, for printers that want one.
 // preview is one of "NONE", "COARSEBW", "COARSECOLOR", "FINEBW",
-// "FINECOLOR": a TIFF preview makes the file a binary EPS with the
-// preview behind the PostScript (coarse: half the pixels each way). The
-// other previews ("WMF", "PICT", "IFF") are not written.
+// "FINECOLOR", "WMF": a TIFF preview (coarse: half the pixels each way) or
+// a Windows metafile one (the image as one DIB) makes the file a binary
+// EPS with the preview behind the PostScript. The binary header has no
+// place for the Macintosh ("PICT") and Amiga ("IFF") previews; those
+// files have none.
 struct EpsOptions {
     bool cmyk = false;
     double grayReplacement = 0.0;

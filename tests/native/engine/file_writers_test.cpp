@@ -193,6 +193,19 @@ TEST(FileWriters, EpsMovesTheSharedGrayToBlackByTheReplacementShare)
     ASSERT_LT(tiffAt + 4, eps.size());
     EXPECT_EQ(eps[tiffAt], 'I');
     EXPECT_EQ(eps[tiffAt + 2], 42);
+
+    // A metafile preview takes the header's other place: a memory
+    // metafile of version 3 right behind the PostScript.
+    options.preview = "WMF";
+    ASSERT_EQ(WriteEpsBytes(image, options, &eps), 0);
+    auto word = [&](size_t at) { return eps[at] | eps[at + 1] << 8 | eps[at + 2] << 16 | uint32_t(eps[at + 3]) << 24; };
+    const uint32_t metafileAt = word(12), metafileLength = word(16);
+    EXPECT_EQ(metafileAt, 30 + word(8));
+    EXPECT_EQ(word(20), 0u);
+    ASSERT_EQ(size_t(metafileAt) + metafileLength, eps.size());
+    EXPECT_EQ(word(metafileAt), 0x00090001u);
+    // Its size in words, in the header, is the whole of it.
+    EXPECT_EQ(size_t(eps[metafileAt + 6] | eps[metafileAt + 7] << 8) * 2, size_t(metafileLength));
 }
 
 TEST(FileWriters, FaxPagesAreClassFInTheirResolution)
