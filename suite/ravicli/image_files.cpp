@@ -314,24 +314,12 @@ WICPixelFormatGUID WicFormatOf(const ravi::Image& image)
 
 // Tries to write one frame of the image as it is. S_FALSE when the encoder
 // wants another pixel format; the caller then converts and tries again.
-HRESULT EncodeFrame(IWICImagingFactory* factory, IWICBitmapEncoder* encoder, const ravi::Image& image,
-                    int tiffCompression = -1)
+HRESULT EncodeFrame(IWICImagingFactory* factory, IWICBitmapEncoder* encoder, const ravi::Image& image)
 {
     ComPtr<IWICBitmapFrameEncode> frame;
     ComPtr<IPropertyBag2> options;
     HRESULT hr = encoder->CreateNewFrame(&frame, &options);
     if (FAILED(hr)) return hr;
-    if (tiffCompression >= 0 && options) {
-        // Asked of every TIFF encoder; one that ignores it writes its own
-        // default (docs/dest_pages.md tells which).
-        PROPBAG2 name = {};
-        name.pstrName = const_cast<LPOLESTR>(L"TiffCompressionMethod");
-        VARIANT value;
-        VariantInit(&value);
-        value.vt = VT_UI1;
-        value.bVal = BYTE(tiffCompression);
-        options->Write(1, &name, &value);
-    }
     if (FAILED(hr = frame->Initialize(options.get()))) return hr;
     if (FAILED(hr = frame->SetSize(UINT(image.Width()), UINT(image.Height())))) return hr;
     double dpiX = DpiFromPelsPerMeter(image.Header()->xPelsPerMeter);
@@ -379,8 +367,7 @@ short ToGifDepth(ravi::Image& image)
     return code;
 }
 
-short EncodeToStream(IWICImagingFactory* factory, IStream* stream, const GUID& container, const ravi::Image& source,
-                     int tiffCompression = -1)
+short EncodeToStream(IWICImagingFactory* factory, IStream* stream, const GUID& container, const ravi::Image& source)
 {
     ravi::Image image = source;
     short code = 0;
@@ -391,8 +378,6 @@ short EncodeToStream(IWICImagingFactory* factory, IStream* stream, const GUID& c
     if (IsEqualGUID(container, GUID_ContainerFormatGif)) {
         if (image.Bits() > 8) lost = kRavicliWarnColorsReduced;
         code = ToGifDepth(image);
-    } else if (tiffCompression == 2 || tiffCompression == 3) {
-        code = ravi::Blackize(image);
     } else if (IsEqualGUID(container, GUID_ContainerFormatJpeg) && image.Bits() != 24) {
         if (HasAlpha(image)) lost = kRavicliWarnAlphaDropped;
         code = ravi::ConvertDepth(image, 24);
@@ -405,7 +390,7 @@ short EncodeToStream(IWICImagingFactory* factory, IStream* stream, const GUID& c
         LARGE_INTEGER zero = {};
         stream->Seek(zero, STREAM_SEEK_SET, nullptr);
         if (FAILED(encoder->Initialize(stream, WICBitmapEncoderNoCache))) return ravi::kEngineFileWrite;
-        HRESULT hr = EncodeFrame(factory, encoder.get(), image, tiffCompression);
+        HRESULT hr = EncodeFrame(factory, encoder.get(), image);
         if (hr == S_OK) {
             if (lost != 0) ravi::ReportWarning(lost);
             return 0;
@@ -428,7 +413,7 @@ GUID ContainerOf(FileKind kind)
     }
 }
 
-short WriteThroughWic(const char* path, FileKind kind, const ravi::Image& image, int tiffCompression = -1)
+short WriteThroughWic(const char* path, FileKind kind, const ravi::Image& image)
 {
     ComScope com;
     ComPtr<IWICImagingFactory> factory;
@@ -439,7 +424,7 @@ short WriteThroughWic(const char* path, FileKind kind, const ravi::Image& image,
     if (FAILED(factory->CreateStream(&stream))) return ravi::kEngineNoMemory;
     std::wstring wide = Widen(path);
     if (FAILED(stream->InitializeFromFilename(wide.c_str(), GENERIC_WRITE))) return ravi::kEngineFileWrite;
-    return EncodeToStream(factory.get(), stream.get(), ContainerOf(kind), image, tiffCompression);
+    return EncodeToStream(factory.get(), stream.get(), ContainerOf(kind), image);
 }
 
 // The image in a container format in memory.
@@ -586,23 +571,18 @@ short WriteGif(const char* path, const ravi::Image& source, const ravi::FileOpti
     return WriteWholeFile(path, gif.data(), gif.size()) ? short(0) : short(ravi::kEngineFileWrite);
 }
 
-// A TIFF in the layout of a flavour's type text: the compressions the
-// engine codes itself (none, LZW, Deflate, PackBits) by its own writer,
-// which also gives tiles and planes; the CCITT ones through the platform's
-// encoder, asked for by name.
+// A TIFF in the layout and compression of a flavour's type text, by the
+// engine's own writer: the platform's encoder may ignore the compression
+// it is asked for.
 short WriteTiff(const char* path, const ravi::Image& image, const std::string& typeText)
 {
     zvtiff::TiffTypeSpec spec;
     if (!zvtiff::ParseTiffTypeText(typeText.c_str(), &spec)) return ravi::kEngineBadArgument;
-    if (ravi::EngineWritesTiffCompression(spec.compression)) {
-        std::vector<unsigned char> tiff;
-        short code = ravi::WriteTiffBytes(image, spec, &tiff);
-        if (code != 0) return code;
-        return WriteWholeFile(path, tiff.data(), tiff.size()) ? short(0) : short(ravi::kEngineFileWrite);
-    }
-    int wic = ravi::WicTiffCompression(spec.compression, spec.predictor);
-    if (wic < 0) return ravi::kEngineNotSupported;
-    return WriteThroughWic(path, FileKind::Tiff, image, wic);
+    if (!ravi::EngineWritesTiffCompression(spec.compression)) return ravi::kEngineNotSupported;
+    std::vector<unsigned char> tiff;
+    short code = ravi::WriteTiffBytes(image, spec, &tiff);
+    if (code != 0) return code;
+    return WriteWholeFile(path, tiff.data(), tiff.size()) ? short(0) : short(ravi::kEngineFileWrite);
 }
 
 // JPEG by the engine's own writer, at the quality asked (the platform

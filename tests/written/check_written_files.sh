@@ -53,6 +53,16 @@ tiff_layout tiff_lzw 'COMP=5;PHOTO=2;BPS=8;SPP=3;PRED=2;STRIPS=16' 'Compression 
     'Predictor: horizontal differencing'
 tiff_layout tiff_deflate_tiles 'COMP=8;PRED=2;TILES=16x16' 'Compression Scheme: AdobeDeflate' 'Tile Width: 16'
 
+# TIFF in CCITT group 4 (two-dimensional), low bits first: libtiff
+# decodes it to the sample made bilevel.
+if write tiff_group4 tif 'TIFTYPE=COMP=4;PHOTO=0;BPS=1;SPP=1;FILL=2;TILES=32x32'; then
+    expect "group 4 compression" "$(tiffinfo "$out/tiff_group4.tif" 2>&1 | grep -o 'Compression Scheme: .*')" \
+        "Compression Scheme: CCITT Group 4"
+    convert "$sample" -colorspace gray -threshold 50% "$out/tiff_group4_expected.pbm"
+    expect "group 4 pixels differing from the bilevel sample" \
+        "$(compare -metric AE "$out/tiff_group4_expected.pbm" "$out/tiff_group4.tif" null: 2>&1)" "0"
+fi
+
 # GIF: interlaced, with white transparent (the bottom right pixel is white).
 if write gif_choices gif 'GIFINT=ON' 'GIFTRANS=WHITE'; then
     expect "GIF interlace" "$(identify -format '%[interlace]' "$out/gif_choices.gif")" "GIF"

@@ -9,6 +9,7 @@
 
 #include "engine_codes.h"
 #include "raster_kernels.h"
+#include "ccitt_coding.h"
 #include "tiff_codecs.h"
 
 namespace ravi {
@@ -35,11 +36,6 @@ void Set32(std::vector<uint8_t>& out, size_t at, uint32_t v)
 double DpiOf(int32_t pelsPerMeter)
 {
     return pelsPerMeter > 0 ? pelsPerMeter * 0.0254 : 0.0;
-}
-
-uint32_t Luminance(uint32_t rgb)
-{
-    return (299 * ((rgb >> 16) & 0xFF) + 587 * ((rgb >> 8) & 0xFF) + 114 * (rgb & 0xFF)) / 1000;
 }
 
 // An IFD of a little-endian TIFF: entries in tag order, values of more
@@ -109,9 +105,15 @@ struct TiffSamples {
     uint32_t perPixel;
 };
 
+bool IsCcitt(uint32_t compression)
+{
+    return compression == 2 || compression == 3 || compression == 4;
+}
+
 TiffSamples SamplesOf(const Image& source, const zvtiff::TiffTypeSpec& spec)
 {
-    if (spec.bitsPerSample == 1 || source.Bits() == 1) return {TiffSamples::Bilevel, 1, 1};
+    if (spec.bitsPerSample == 1 || source.Bits() == 1 || IsCcitt(spec.compression))
+        return {TiffSamples::Bilevel, 1, 1};
     if (source.Bits() <= 8) return {TiffSamples::Palette, uint32_t(source.Bits()), 1};
     return {TiffSamples::Rgb, 8, 3};
 }
@@ -136,7 +138,7 @@ void FillTiffRow(const Image& source, const TiffSamples& samples, int32_t x, int
         const int32_t px = x + int32_t(i);
         switch (samples.form) {
         case TiffSamples::Bilevel:
-            if (Luminance(source.PixelRgb(px, y)) < 128) PutBits(row.data(), i, 1, 1);
+            if (IsDark(source.PixelRgb(px, y))) PutBits(row.data(), i, 1, 1);
             break;
         case TiffSamples::Palette:
             PutBits(row.data(), size_t(i) * samples.bits, samples.bits, source.PixelValue(px, y));
@@ -153,6 +155,30 @@ void FillTiffRow(const Image& source, const TiffSamples& samples, int32_t x, int
     }
 }
 
+// A bilevel strip or tile in a CCITT coding: 2 Modified Huffman rows each
+// on a byte; 3 the same behind EOLs that end on a byte (T4Options 4); 4
+// each row against the one above, the first against white, with the end
+// of facsimile block behind.
+void CcittSegment(const std::vector<uint8_t>& segment, size_t rowBytes, uint32_t width, uint32_t compression,
+                  std::vector<uint8_t>& coded)
+{
+    CcittBits bits;
+    std::vector<uint8_t> black(width), above(width, 0);
+    for (size_t at = 0; at + rowBytes <= segment.size(); at += rowBytes) {
+        for (uint32_t x = 0; x < width; ++x) black[x] = segment[at + x / 8] >> (7 - x % 8) & 1;
+        if (compression == 4) {
+            CodeRowTwoDimensional(bits, black.data(), above.data(), int32_t(width));
+            above.swap(black);
+            continue;
+        }
+        if (compression == 3) bits.EndOfLine();
+        CodeRowOneDimensional(bits, black.data(), int32_t(width));
+        if (compression == 2) bits.AlignToByte();
+    }
+    if (compression == 4) bits.Put(12, 1), bits.Put(12, 1);
+    coded = bits.Bytes();
+}
+
 void ReverseBitsOfBytes(std::vector<uint8_t>& row)
 {
     for (uint8_t& b : row) {
@@ -166,8 +192,8 @@ void ReverseBitsOfBytes(std::vector<uint8_t>& row)
 
 bool EngineWritesTiffCompression(uint32_t compression)
 {
-    return compression == 1 || compression == 5 || compression == 8 || compression == 32946 ||
-           compression == 32773;
+    return compression == 1 || IsCcitt(compression) || compression == 5 || compression == 8 ||
+           compression == 32946 || compression == 32773;
 }
 
 short WriteTiffBytes(const Image& source, const zvtiff::TiffTypeSpec& spec, std::vector<uint8_t>* out)
@@ -226,6 +252,8 @@ short WriteTiffBytes(const Image& source, const zvtiff::TiffTypeSpec& spec, std:
                     LzwStrip(segment.data(), segment.size(), coded);
                 else if (spec.compression == 8 || spec.compression == 32946)
                     DeflateStrip(segment.data(), segment.size(), coded);
+                else if (IsCcitt(spec.compression))
+                    CcittSegment(segment, rowBytes, segmentWidth, spec.compression, coded);
                 else
                     coded.swap(segment);
                 // Readers take the fill order as that of the stored bytes,
@@ -264,6 +292,7 @@ short WriteTiffBytes(const Image& source, const zvtiff::TiffTypeSpec& spec, std:
     }
     ifd.Add(zvtiff::kTagPlanarConfig, zvtiff::kShort, {planar ? 2u : 1u});
     if (differenced) ifd.Add(zvtiff::kTagPredictor, zvtiff::kShort, {2});
+    if (spec.compression == 3) ifd.Add(zvtiff::kTagT4Options, zvtiff::kLong, {4});
     if (samples.form == TiffSamples::Palette) {
         // The colour map: all reds, then greens, then blues, 16 bits each.
         const size_t n = size_t(1) << samples.bits;

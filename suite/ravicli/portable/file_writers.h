@@ -15,8 +15,9 @@
 
 namespace ravi {
 
-// The compressions the engine's TIFF writer codes itself: none (1), LZW
-// (5), Deflate (8, and its older number 32946) and PackBits (32773).
+// The compressions the engine's TIFF writer codes itself: none (1), CCITT
+// Modified Huffman (2), group 3 one-dimensional (3), group 4 (4), LZW (5),
+// Deflate (8, and its older number 32946) and PackBits (32773).
 bool EngineWritesTiffCompression(uint32_t compression);
 
 // A TIFF of one image in one of those compressions, in strips of
@@ -25,7 +26,7 @@ bool EngineWritesTiffCompression(uint32_t compression);
 // that; the last tiles of a row or column are padded with zeros), with
 // the samples chunky or, when the spec asks for planar configuration 2 and
 // a pixel has more than one sample, in separate planes. A spec of one bit
-// per sample, or a bilevel image, is written bilevel with black as 1
+// per sample, a CCITT compression, or a bilevel image, is written bilevel with black as 1
 // (photometric 0), its stored bytes (coded or not) in the fill order of
 // the spec; palette images keep their palette (photometric 3); others
 // become 8-bit RGB. Predictor 2 (horizontal differencing) is used with LZW
