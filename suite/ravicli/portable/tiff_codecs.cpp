@@ -184,12 +184,14 @@ void DeflateStrip(const uint8_t* data, size_t n, std::vector<uint8_t>& out)
     LowFirstBits bits(out);
     bits.Put(1, 1);  // the last block
     bits.Put(1, 2);  // fixed Huffman codes
-    // The latest position of each hash, and the one before each position.
-    std::vector<int64_t> head(size_t(1) << kHashBits, -1), previous(n, -1);
+    // The latest position of each hash, and for each position of the
+    // window the one before it with the same hash: memory bounded by the
+    // window, whatever the size of the strip.
+    std::vector<int64_t> head(size_t(1) << kHashBits, -1), previous(kWindow, -1);
     auto insert = [&](size_t at) {
         if (at + kMinMatch > n) return;
         uint32_t h = HashOf(data + at);
-        previous[at] = head[h];
+        previous[at % kWindow] = head[h];
         head[h] = int64_t(at);
     };
     size_t i = 0;
@@ -199,12 +201,16 @@ void DeflateStrip(const uint8_t* data, size_t n, std::vector<uint8_t>& out)
             int64_t candidate = head[HashOf(data + i)];
             const size_t longest = std::min(kMaxMatch, n - i);
             for (size_t chain = 0; candidate >= 0 && i - size_t(candidate) <= kWindow && chain < kChainLimit;
-                 ++chain, candidate = previous[size_t(candidate)]) {
+                 ++chain) {
                 const uint8_t* a = data + candidate;
                 size_t length = 0;
                 while (length < longest && a[length] == data[i + length]) ++length;
                 if (length > bestLength) bestLength = length, bestDistance = i - size_t(candidate);
                 if (length == longest) break;
+                // A link must lead back; one that does not was overwritten.
+                const int64_t before = previous[size_t(candidate) % kWindow];
+                if (before >= candidate) break;
+                candidate = before;
             }
         }
         if (bestLength >= kMinMatch) {
