@@ -42,10 +42,14 @@ void ReadFileOptions(TagSet& tags, FileOptions* out)
         CharUpperA(upper);
         out->eps.preview = upper;
     }
-    for (auto [key, fax] : {std::pair<const char*, FileOptions::Fax*>{"DCX", &out->dcx}, {"SCI", &out->sci}}) {
+    const char* faxType = tags.Get("FAXTYPE");
+    for (auto [key, fax] : {std::pair<const char*, FaxOptions*>{"DCX", &out->dcx}, {"SCI", &out->sci}}) {
         std::string vr = std::string(key) + "VR", mpage = std::string(key) + "MPAGE";
         if (const char* pitch = tags.Get(vr.c_str())) fax->fine = std::atoi(pitch) != 2592;
         fax->multiPage = IsOn(tags.Get(mpage.c_str()));
+        std::string prefix = faxType != nullptr ? faxType : key;
+        if (const char* h = tags.Get((prefix + "HOFF").c_str())) fax->horizontalOffsetMm = std::atof(h);
+        if (const char* v = tags.Get((prefix + "VOFF").c_str())) fax->verticalOffsetMm = std::atof(v);
     }
     if (const char* palette = tags.Get("CUTIPAL")) out->cutPalette = palette;
 }

@@ -22,12 +22,10 @@ struct FileOptions {
     int iconSide = 0;             // "ICOSIZE" ("48 x 48"): 0 keeps the image's size
     EpsOptions eps;               // "EPSMODEL", "EPSUCR", "EPSFF", "EPSEMBVIEW"
     // The fax kinds, each by its own key: K+"VR" 1296 is fine (the default,
-    // as the page opens these kinds on Fine), K+"MPAGE" cuts pages.
-    struct Fax {
-        bool fine = true;
-        bool multiPage = false;
-    };
-    Fax dcx, sci;
+    // as the page opens these kinds on Fine), K+"MPAGE" cuts pages; the
+    // offsets F+"HOFF" and F+"VOFF" under the fax page's prefix F (the
+    // host's "FAXTYPE", else the kind).
+    FaxOptions dcx, sci;
     // Files read: "CUTIPAL", the palette file that the CUT source dialog
     // chose; empty when none was chosen.
     std::string cutPalette;

@@ -15,6 +15,7 @@
 
 #include "engine_state.h"
 #include "portable/file_writers.h"
+#include "portable/jpeg_writer.h"
 #include "engine_warnings.h"
 #include "portable/raster_kernels.h"
 #include "portable/source_readers.h"
@@ -370,34 +371,12 @@ WICPixelFormatGUID WicFormatOf(const ravi::Image& image)
 
 // Tries to write one frame of the image as it is. S_FALSE when the encoder
 // wants another pixel format; the caller then converts and tries again.
-HRESULT EncodeFrame(IWICImagingFactory* factory, IWICBitmapEncoder* encoder, const ravi::Image& image,
-                    float jpegQuality, int tiffCompression = -1)
+HRESULT EncodeFrame(IWICImagingFactory* factory, IWICBitmapEncoder* encoder, const ravi::Image& image)
 {
     ComPtr<IWICBitmapFrameEncode> frame;
     ComPtr<IPropertyBag2> options;
     HRESULT hr = encoder->CreateNewFrame(&frame, &options);
     if (FAILED(hr)) return hr;
-    if (jpegQuality >= 0.0f && options) {
-        // Encoders without this option ignore it.
-        PROPBAG2 name = {};
-        name.pstrName = const_cast<LPOLESTR>(L"ImageQuality");
-        VARIANT value;
-        VariantInit(&value);
-        value.vt = VT_R4;
-        value.fltVal = jpegQuality;
-        options->Write(1, &name, &value);
-    }
-    if (tiffCompression >= 0 && options) {
-        // Asked of every TIFF encoder; one that ignores it writes its own
-        // default (docs/dest_pages.md tells which).
-        PROPBAG2 name = {};
-        name.pstrName = const_cast<LPOLESTR>(L"TiffCompressionMethod");
-        VARIANT value;
-        VariantInit(&value);
-        value.vt = VT_UI1;
-        value.bVal = BYTE(tiffCompression);
-        options->Write(1, &name, &value);
-    }
     if (FAILED(hr = frame->Initialize(options.get()))) return hr;
     if (FAILED(hr = frame->SetSize(UINT(image.Width()), UINT(image.Height())))) return hr;
     double dpiX = DpiFromPelsPerMeter(image.Header()->xPelsPerMeter);
@@ -445,8 +424,7 @@ short ToGifDepth(ravi::Image& image)
     return code;
 }
 
-short EncodeToStream(IWICImagingFactory* factory, IStream* stream, const GUID& container, const ravi::Image& source,
-                     float jpegQuality = -1.0f, int tiffCompression = -1)
+short EncodeToStream(IWICImagingFactory* factory, IStream* stream, const GUID& container, const ravi::Image& source)
 {
     ravi::Image image = source;
     short code = 0;
@@ -457,8 +435,6 @@ short EncodeToStream(IWICImagingFactory* factory, IStream* stream, const GUID& c
     if (IsEqualGUID(container, GUID_ContainerFormatGif)) {
         if (image.Bits() > 8) lost = kRavicliWarnColorsReduced;
         code = ToGifDepth(image);
-    } else if (tiffCompression == 2 || tiffCompression == 3) {
-        code = ravi::Blackize(image);
     } else if (IsEqualGUID(container, GUID_ContainerFormatJpeg) && image.Bits() != 24) {
         if (HasAlpha(image)) lost = kRavicliWarnAlphaDropped;
         code = ravi::ConvertDepth(image, 24);
@@ -471,7 +447,7 @@ short EncodeToStream(IWICImagingFactory* factory, IStream* stream, const GUID& c
         LARGE_INTEGER zero = {};
         stream->Seek(zero, STREAM_SEEK_SET, nullptr);
         if (FAILED(encoder->Initialize(stream, WICBitmapEncoderNoCache))) return ravi::kEngineFileWrite;
-        HRESULT hr = EncodeFrame(factory, encoder.get(), image, jpegQuality, tiffCompression);
+        HRESULT hr = EncodeFrame(factory, encoder.get(), image);
         if (hr == S_OK) {
             if (lost != 0) ravi::ReportWarning(lost);
             return 0;
@@ -494,8 +470,7 @@ GUID ContainerOf(FileKind kind)
     }
 }
 
-short WriteThroughWic(const char* path, FileKind kind, const ravi::Image& image, float jpegQuality,
-                     int tiffCompression = -1)
+short WriteThroughWic(const char* path, FileKind kind, const ravi::Image& image)
 {
     ComScope com;
     ComPtr<IWICImagingFactory> factory;
@@ -506,7 +481,7 @@ short WriteThroughWic(const char* path, FileKind kind, const ravi::Image& image,
     if (FAILED(factory->CreateStream(&stream))) return ravi::kEngineNoMemory;
     std::wstring wide = Widen(path);
     if (FAILED(stream->InitializeFromFilename(wide.c_str(), GENERIC_WRITE))) return ravi::kEngineFileWrite;
-    return EncodeToStream(factory.get(), stream.get(), ContainerOf(kind), image, jpegQuality, tiffCompression);
+    return EncodeToStream(factory.get(), stream.get(), ContainerOf(kind), image);
 }
 
 // The image in a container format in memory.
@@ -653,22 +628,32 @@ short WriteGif(const char* path, const ravi::Image& source, const ravi::FileOpti
     return WriteWholeFile(path, gif.data(), gif.size()) ? short(0) : short(ravi::kEngineFileWrite);
 }
 
-// A TIFF in the layout of a flavour's type text: uncompressed and PackBits
-// by the engine's own writer, every other compression through the
-// platform's encoder, asked for by name.
+// A TIFF in the layout and compression of a flavour's type text, by the
+// engine's own writer: the platform's encoder may ignore the compression
+// it is asked for.
 short WriteTiff(const char* path, const ravi::Image& image, const std::string& typeText)
 {
     zvtiff::TiffTypeSpec spec;
     if (!zvtiff::ParseTiffTypeText(typeText.c_str(), &spec)) return ravi::kEngineBadArgument;
-    if (spec.compression == 1 || spec.compression == 32773) {
-        std::vector<unsigned char> tiff;
-        short code = ravi::WriteTiffBytes(image, spec, &tiff);
-        if (code != 0) return code;
-        return WriteWholeFile(path, tiff.data(), tiff.size()) ? short(0) : short(ravi::kEngineFileWrite);
-    }
-    int wic = ravi::WicTiffCompression(spec.compression, spec.predictor);
-    if (wic < 0) return ravi::kEngineNotSupported;
-    return WriteThroughWic(path, FileKind::Tiff, image, -1.0f, wic);
+    if (!ravi::EngineWritesTiffCompression(spec.compression)) return ravi::kEngineNotSupported;
+    std::vector<unsigned char> tiff;
+    short code = ravi::WriteTiffBytes(image, spec, &tiff);
+    if (code != 0) return code;
+    return WriteWholeFile(path, tiff.data(), tiff.size()) ? short(0) : short(ravi::kEngineFileWrite);
+}
+
+// JPEG by the engine's own writer, at the quality asked (the platform
+// encoder's usual 0.9 when none was), so that the page's quality is in
+// the file on every platform.
+short WriteJpeg(const char* path, const ravi::Image& image, float imageQuality)
+{
+    std::vector<unsigned char> jpeg;
+    const int percent = ravi::JpegQualityPercent(imageQuality >= 0.0f ? imageQuality : ravi::kDefaultJpegImageQuality);
+    short code = ravi::WriteJpegBytes(image, percent, &jpeg);
+    if (code != 0) return code;
+    if (!WriteWholeFile(path, jpeg.data(), jpeg.size())) return ravi::kEngineFileWrite;
+    if (HasAlpha(image)) ravi::ReportWarning(kRavicliWarnAlphaDropped);
+    return 0;
 }
 
 short WriteEps(const char* path, const ravi::Image& image, const ravi::EpsOptions& options)
@@ -709,16 +694,17 @@ static short WriteRasterFile(const char* path, FileKind kind, const Image& image
     if (kind == FileKind::Eps) return WriteEps(path, image, options.eps);
     if (kind == FileKind::Dcx || kind == FileKind::Sci) {
         // The fax kinds are written as TIFF class F.
-        const FileOptions::Fax& fax = kind == FileKind::Dcx ? options.dcx : options.sci;
+        const FaxOptions& fax = kind == FileKind::Dcx ? options.dcx : options.sci;
         std::vector<unsigned char> tiff;
-        short code = WriteFaxTiffBytes(image, fax.fine, fax.multiPage, &tiff);
+        short code = WriteFaxTiffBytes(image, fax, &tiff);
         if (code != 0) return code;
         return WriteWholeFile(path, tiff.data(), tiff.size()) ? short(0) : short(kEngineFileWrite);
     }
     if (kind == FileKind::Tiff && !options.tiffType.empty()) return WriteTiff(path, image, options.tiffType);
     if (kind == FileKind::Gif && (options.gifInterlace || options.gifTransparent >= 0))
         return WriteGif(path, image, options);
-    return WriteThroughWic(path, kind, image, jpegQuality);
+    if (kind == FileKind::Jpeg) return WriteJpeg(path, image, jpegQuality);
+    return WriteThroughWic(path, kind, image);
 }
 
 short WriteImageFile(const char* path, const Image& raster, HENHMETAFILE emf, float jpegQuality)

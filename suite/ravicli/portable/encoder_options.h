@@ -1,7 +1,6 @@
-// What the engine asks of the platform's encoders for the options of the
-// destination pages. Kept apart from the encoders so that the mapping is
-// tested natively: under Wine the encoders ignore both requests
-// (docs/dest_pages.md), so a file there cannot show them.
+// The JPEG page's quality factor as an encoder's quality, which the
+// engine's own JPEG writer honours. Kept apart so that the mapping is
+// tested natively.
 #pragma once
 
 #include <cstdint>
@@ -13,8 +12,7 @@ namespace ravi {
 // outside the range are taken as its nearest end.
 float JpegQualityFromFactor(long factor);
 
-// The encoder's TiffCompressionMethod for a TIFF compression number and
-// predictor, or -1 for a compression it has no name for.
-int WicTiffCompression(uint32_t tiffCompression, uint32_t predictor);
+// The quality when no "JPGQ" was given: the platform encoder's usual one.
+constexpr float kDefaultJpegImageQuality = 0.9f;
 
 }  // namespace ravi

@@ -17,10 +17,23 @@ constexpr int32_t kFaxWidth = 1728;
 constexpr int32_t kFaxFinePageRows = 2156;
 constexpr int32_t kFaxCoarsePageRows = 1078;
 
-// The image's pixels go as they are (the options' size decides them): a
-// narrower line is filled with white, a wider one cut; luminance below 128
-// is black. With multiPage the rows are cut into pages of 11 inches, one
-// IFD each, otherwise the image is one page however long.
-short WriteFaxTiffBytes(const Image& image, bool fine, bool multiPage, std::vector<uint8_t>* out);
+// What the fax page chooses. The offsets are millimetres on the page, as
+// the page bounds them: horizontal -150..150 (a negative one moves the
+// image left and cuts its left edge), vertical 0..150 (white lines above
+// the image on every page).
+struct FaxOptions {
+    bool fine = true;
+    bool multiPage = false;
+    double horizontalOffsetMm = 0.0;
+    double verticalOffsetMm = 0.0;
+};
+
+// The image's pixels go as they are (the options' size decides them),
+// moved by the offsets: what lies right of the line is cut, the rest of
+// the line is white; luminance below 128 is black. With multiPage the rows
+// are cut into pages of 11 inches, each with the vertical offset above its
+// share of the image, one IFD each; otherwise the image is one page
+// however long.
+short WriteFaxTiffBytes(const Image& image, const FaxOptions& options, std::vector<uint8_t>* out);
 
 }  // namespace ravi

@@ -1,7 +1,8 @@
 // The file formats that the engine writes itself, or finishes after the
-// platform's encoder: TIFF in the layouts the encoder cannot give, the GIF
-// choices (interlace, transparent colour) that it cannot be asked for, and
-// Encapsulated PostScript, which it does not know. No windows.h: each
+// platform's encoder: TIFF in the layouts and compressions that the
+// encoder cannot be asked for or may ignore, the GIF choices (interlace,
+// transparent colour) that it cannot be asked for, and Encapsulated
+// PostScript, which it does not know. No windows.h: each
 // writer gives bytes in memory and is tested natively.
 #pragma once
 
@@ -14,13 +15,23 @@
 
 namespace ravi {
 
-// A TIFF of one image, uncompressed (compression 1) or PackBits (32773),
-// in strips of spec.rowsPerStrip rows (0: strips of about 8 KB). A spec of
-// one bit per sample, or a bilevel image, is written bilevel with black as
-// 1 (photometric 0), bits in the fill order of the spec; palette images
-// keep their palette (photometric 3); others become 8-bit RGB. Tiles and
-// planar layouts are written as chunky strips. Gives 0 or an engine code
-// (kEngineBadArgument for another compression).
+// The compressions the engine's TIFF writer codes itself: none (1), CCITT
+// Modified Huffman (2), group 3 one-dimensional (3), group 4 (4), LZW (5),
+// Deflate (8, and its older number 32946) and PackBits (32773).
+bool EngineWritesTiffCompression(uint32_t compression);
+
+// A TIFF of one image in one of those compressions, in strips of
+// spec.rowsPerStrip rows (0: strips of about 8 KB) or in tiles of the
+// spec's size (a tile larger than the image rounded up to 16 is cut to
+// that; the last tiles of a row or column are padded with zeros), with
+// the samples chunky or, when the spec asks for planar configuration 2 and
+// a pixel has more than one sample, in separate planes. A spec of one bit
+// per sample, a CCITT compression, or a bilevel image, is written bilevel with black as 1
+// (photometric 0), its stored bytes (coded or not) in the fill order of
+// the spec; palette images keep their palette (photometric 3); others
+// become 8-bit RGB. Predictor 2 (horizontal differencing) is used with LZW
+// and Deflate on 8-bit samples, and left out elsewhere. Gives 0 or an
+// engine code (kEngineBadArgument for another compression).
 short WriteTiffBytes(const Image& image, const zvtiff::TiffTypeSpec& spec, std::vector<uint8_t>* out);
 
 // The rows of an image in the order an interlaced GIF stores them: every
@@ -43,9 +54,11 @@ short FinishGif(std::vector<uint8_t>& gif, bool interlaced, int64_t transparentR
 // image's size at its resolution (72 dpi when it has none). formFeed ends
 // the file in a form feed after showpage, for printers that want one.
 // preview is one of "NONE", "COARSEBW", "COARSECOLOR", "FINEBW",
-// "FINECOLOR": a TIFF preview makes the file a binary EPS with the
-// preview behind the PostScript (coarse: half the pixels each way). The
-// other previews ("WMF", "PICT", "IFF") are not written.
+// "FINECOLOR", "WMF": a TIFF preview (coarse: half the pixels each way) or
+// a Windows metafile one (the image as one DIB) makes the file a binary
+// EPS with the preview behind the PostScript. The binary header has no
+// place for the Macintosh ("PICT") and Amiga ("IFF") previews; those
+// files have none.
 struct EpsOptions {
     bool cmyk = false;
     double grayReplacement = 0.0;

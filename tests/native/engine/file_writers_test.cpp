@@ -3,6 +3,7 @@
 // shape, and the colour arithmetic of the PostScript raster.
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <string>
 
 #include "encoder_options.h"
@@ -10,6 +11,7 @@
 #include "fax_writer.h"
 #include "engine_test_util.h"
 #include "file_writers.h"
+#include "jpeg_writer.h"
 #include "tiff_reader.h"
 
 namespace ravi::test {
@@ -92,9 +94,47 @@ TEST(FileWriters, TiffStripsHoldThePixelsInEachLayout)
     EXPECT_EQ(pixels[1], 0x03);  // 8 and 9 dark, in the low bits
     EXPECT_EQ(pixels[2], 0x00);
 
-    zvtiff::TiffTypeSpec lzw;
-    lzw.compression = 5;
-    EXPECT_EQ(WriteTiffBytes(image, lzw, &tiff), kEngineBadArgument);
+    zvtiff::TiffTypeSpec jpeg;
+    jpeg.compression = 7;
+    EXPECT_EQ(WriteTiffBytes(image, jpeg, &tiff), kEngineBadArgument);
+}
+
+TEST(FileWriters, TilesArePaddedAndPlanesFollowOneAnother)
+{
+    // 20 x 7 in tiles of 16 x 16: two tiles a plane, the second padded.
+    Image image = MakeOrDie(20, 7, 24);
+    image.SetPixelValue(17, 5, 0x112233);
+    zvtiff::TiffTypeSpec spec;
+    spec.tiled = true;
+    spec.tileWidth = spec.tileLength = 16;
+    spec.planarConfig = 2;
+    std::vector<uint8_t> tiff;
+    ASSERT_EQ(WriteTiffBytes(image, spec, &tiff), 0);
+    zvtiff::TiffMemorySource source(tiff.data(), tiff.size());
+    zvtiff::TiffStructure structure;
+    ASSERT_EQ(zvtiff::ReadTiffStructure(source, &structure), zvtiff::TiffStatus::Ok);
+    const zvtiff::TiffIfd& ifd = structure.ifds.at(0);
+    zvtiff::TiffImageFacts facts = zvtiff::ReadImageFacts(ifd);
+    EXPECT_TRUE(facts.tiled);
+    EXPECT_EQ(facts.planarConfig, 2u);
+    EXPECT_EQ(ifd.Find(zvtiff::kTagStripOffsets), nullptr);
+    const auto& offsets = ifd.Find(zvtiff::kTagTileOffsets)->values;
+    const auto& counts = ifd.Find(zvtiff::kTagTileByteCounts)->values;
+    ASSERT_EQ(offsets.size(), 6u);
+    for (uint32_t count : counts) EXPECT_EQ(count, 16u * 16);
+    // Pixel (17, 5) lies in the second tile of each plane at (1, 5).
+    for (uint32_t plane = 0; plane < 3; ++plane)
+        EXPECT_EQ(tiff[offsets[plane * 2 + 1] + 5 * 16 + 1], 0x11 * (plane + 1)) << plane;
+
+    // A tile far larger than the image is cut to the image rounded up to 16.
+    spec.tileWidth = spec.tileLength = 4096;
+    spec.planarConfig = 1;
+    ASSERT_EQ(WriteTiffBytes(image, spec, &tiff), 0);
+    zvtiff::TiffMemorySource big(tiff.data(), tiff.size());
+    ASSERT_EQ(zvtiff::ReadTiffStructure(big, &structure), zvtiff::TiffStatus::Ok);
+    facts = zvtiff::ReadImageFacts(structure.ifds.at(0));
+    EXPECT_EQ(facts.tileWidth, 32u);
+    EXPECT_EQ(facts.tileLength, 16u);
 }
 
 TEST(FileWriters, GifGetsItsInterlaceFlagAndTransparentEntry)
@@ -153,6 +193,19 @@ TEST(FileWriters, EpsMovesTheSharedGrayToBlackByTheReplacementShare)
     ASSERT_LT(tiffAt + 4, eps.size());
     EXPECT_EQ(eps[tiffAt], 'I');
     EXPECT_EQ(eps[tiffAt + 2], 42);
+
+    // A metafile preview takes the header's other place: a memory
+    // metafile of version 3 right behind the PostScript.
+    options.preview = "WMF";
+    ASSERT_EQ(WriteEpsBytes(image, options, &eps), 0);
+    auto word = [&](size_t at) { return eps[at] | eps[at + 1] << 8 | eps[at + 2] << 16 | uint32_t(eps[at + 3]) << 24; };
+    const uint32_t metafileAt = word(12), metafileLength = word(16);
+    EXPECT_EQ(metafileAt, 30 + word(8));
+    EXPECT_EQ(word(20), 0u);
+    ASSERT_EQ(size_t(metafileAt) + metafileLength, eps.size());
+    EXPECT_EQ(word(metafileAt), 0x00090001u);
+    // Its size in words, in the header, is the whole of it.
+    EXPECT_EQ(size_t(eps[metafileAt + 6] | eps[metafileAt + 7] << 8) * 2, size_t(metafileLength));
 }
 
 TEST(FileWriters, FaxPagesAreClassFInTheirResolution)
@@ -160,7 +213,10 @@ TEST(FileWriters, FaxPagesAreClassFInTheirResolution)
     Image image = MakeOrDie(100, kFaxCoarsePageRows + 1, 1);
     for (bool multiPage : {false, true}) {
         std::vector<uint8_t> fax;
-        ASSERT_EQ(WriteFaxTiffBytes(image, false, multiPage, &fax), 0);
+        FaxOptions options;
+        options.fine = false;
+        options.multiPage = multiPage;
+        ASSERT_EQ(WriteFaxTiffBytes(image, options, &fax), 0);
         zvtiff::TiffMemorySource source(fax.data(), fax.size());
         zvtiff::TiffStructure tiff;
         ASSERT_EQ(zvtiff::ReadTiffStructure(source, &tiff), zvtiff::TiffStatus::Ok);
@@ -177,20 +233,49 @@ TEST(FileWriters, FaxPagesAreClassFInTheirResolution)
         EXPECT_EQ(fax[data], 0x00);
         EXPECT_EQ(fax[data + 1], 0x80);
     }
+
+    // A vertical offset of 5 mm is 19 coarse lines above the image on
+    // every page, so a page holds 19 rows less of it.
+    FaxOptions options;
+    options.fine = false;
+    options.multiPage = true;
+    options.verticalOffsetMm = 5.0;
+    std::vector<uint8_t> fax;
+    ASSERT_EQ(WriteFaxTiffBytes(image, options, &fax), 0);
+    zvtiff::TiffMemorySource source(fax.data(), fax.size());
+    zvtiff::TiffStructure tiff;
+    ASSERT_EQ(zvtiff::ReadTiffStructure(source, &tiff), zvtiff::TiffStatus::Ok);
+    ASSERT_EQ(tiff.ifds.size(), 2u);
+    EXPECT_EQ(zvtiff::ReadImageFacts(tiff.ifds[0]).height, uint32_t(kFaxCoarsePageRows));
+    EXPECT_EQ(zvtiff::ReadImageFacts(tiff.ifds[1]).height, 19u + (kFaxCoarsePageRows + 1) - (kFaxCoarsePageRows - 19));
 }
 
-TEST(FileWriters, EncodersAreAskedForTheQualityAndCompressionThePagesChose)
+TEST(FileWriters, JpegQuantizesByTheQualityAndCoversPartialBlocks)
 {
-    // The best factor is the best quality; 20, the page's default, is 0.929.
+    // 13 x 9 leaves blocks cut at both edges; the samples repeat there.
+    Image image = MakeOrDie(13, 9, 24);
+    for (int32_t y = 0; y < 9; ++y)
+        for (int32_t x = 0; x < 13; ++x) image.SetPixelValue(x, y, uint32_t(x * 19 << 16 | y * 27 << 8 | 0x80));
+    std::vector<uint8_t> jpeg;
+    auto firstLuminanceQuant = [&](int quality) {
+        EXPECT_EQ(WriteJpegBytes(image, quality, &jpeg), 0);
+        const uint8_t dqt[] = {0xFF, 0xDB, 0, 67, 0};
+        auto at = std::search(jpeg.begin(), jpeg.end(), dqt, dqt + sizeof dqt);
+        return at == jpeg.end() ? -1 : int(at[sizeof dqt]);
+    };
+    // The example table's 16 at quality 50, halved at 75, 1 at 100.
+    EXPECT_EQ(firstLuminanceQuant(50), 16);
+    EXPECT_EQ(firstLuminanceQuant(75), 8);
+    EXPECT_EQ(firstLuminanceQuant(100), 1);
+    EXPECT_EQ(jpeg[0], 0xFF);
+    EXPECT_EQ(jpeg[1], 0xD8);
+    EXPECT_EQ(jpeg[jpeg.size() - 1], 0xD9);
+    // The page's factor: 2 is the best quality, 20 (its default) 0.929.
     EXPECT_FLOAT_EQ(JpegQualityFromFactor(2), 1.0f);
     EXPECT_NEAR(JpegQualityFromFactor(20), 0.9289f, 1e-4);
-    EXPECT_FLOAT_EQ(JpegQualityFromFactor(255), 0.0f);
     EXPECT_FLOAT_EQ(JpegQualityFromFactor(300), 0.0f);
-    EXPECT_EQ(WicTiffCompression(5, 1), 4);
-    EXPECT_EQ(WicTiffCompression(5, 2), 7);
-    EXPECT_EQ(WicTiffCompression(4, 1), 3);
-    EXPECT_EQ(WicTiffCompression(32946, 1), 6);
-    EXPECT_EQ(WicTiffCompression(2, 1), -1);
+    EXPECT_EQ(JpegQualityPercent(JpegQualityFromFactor(20)), 93);
+    EXPECT_EQ(JpegQualityPercent(JpegQualityFromFactor(255)), 1);
 }
 
 }  // namespace
