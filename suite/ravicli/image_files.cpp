@@ -717,7 +717,7 @@ short WriteImageFile(const char* path, const Image& raster, HENHMETAFILE emf, fl
 {
     FileKind kind = KindOfPath(path);
     // The engine reads CUT and PCX but writes neither.
-    if (kind == FileKind::Unknown || kind == FileKind::Cut || kind == FileKind::Pcx) return kEngineFileFormat;
+    if (kind == FileKind::Unknown || kind == FileKind::Cut || kind == FileKind::Pcx) return kEngineCannotWrite;
 
     if (kind == FileKind::Emf || kind == FileKind::Wmf) {
         HENHMETAFILE picture = emf;

@@ -128,7 +128,7 @@ TEST(Files, RefusesWhatIsNotAnImageAndKeepsTheDocument)
     CopyFileA(text.c_str(), fakeEmf.c_str(), FALSE);
     EXPECT_EQ(document.Open(fakeEmf.c_str()), ravi::kEngineFileFormat);
     EXPECT_EQ(document.Open(TempPath("missing.bmp").c_str()), ravi::kEngineFileOpen);
-    EXPECT_EQ(document.Save(TempPath("picture.xyz").c_str()), ravi::kEngineFileFormat);
+    EXPECT_EQ(document.Save(TempPath("picture.xyz").c_str()), ravi::kEngineCannotWrite);
     EXPECT_TRUE(document.IsRaster());
     EXPECT_EQ(Rgb(document, 0, 0), 0xFF0000u);
     DeleteFileA(text.c_str());

@@ -22,6 +22,7 @@ const EngineCodeEntry kEngineCodeTable[] = {
     {kEngineFileWrite, "The image file cannot be written"},
     {kEngineFileFormat, "The image file format is unknown or damaged"},
     {kEngineNoSection, "The image section cannot be opened"},
+    {kEngineCannotWrite, "The engine cannot write files of this format"},
 };
 
 const int kEngineCodeCount = int(sizeof kEngineCodeTable / sizeof kEngineCodeTable[0]);

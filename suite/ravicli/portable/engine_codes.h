@@ -33,6 +33,7 @@ enum EngineCode : short {
     kEngineFileWrite = -4141,      // the file cannot be written
     kEngineFileFormat = -4142,     // the file's format is unknown or damaged
     kEngineNoSection = -4143,      // the named section cannot be opened or mapped
+    kEngineCannotWrite = -4144,    // the engine writes no file of this format
 };
 
 struct EngineCodeEntry {
