@@ -656,6 +656,16 @@ short WriteJpeg(const char* path, const ravi::Image& image, float imageQuality)
     return 0;
 }
 
+short WritePcx(const char* path, const ravi::Image& image)
+{
+    std::vector<unsigned char> pcx;
+    short code = ravi::WritePcxBytes(image, &pcx);
+    if (code != 0) return code;
+    if (!WriteWholeFile(path, pcx.data(), pcx.size())) return ravi::kEngineFileWrite;
+    if (HasAlpha(image)) ravi::ReportWarning(kRavicliWarnAlphaDropped);
+    return 0;
+}
+
 short WriteEps(const char* path, const ravi::Image& image, const ravi::EpsOptions& options)
 {
     std::vector<unsigned char> eps;
@@ -692,6 +702,7 @@ static short WriteRasterFile(const char* path, FileKind kind, const Image& image
         return code != 0 ? code : WriteIcon(path, icon);
     }
     if (kind == FileKind::Eps) return WriteEps(path, image, options.eps);
+    if (kind == FileKind::Pcx) return WritePcx(path, image);
     if (kind == FileKind::Dcx || kind == FileKind::Sci) {
         // The fax kinds are written as TIFF class F.
         const FaxOptions& fax = kind == FileKind::Dcx ? options.dcx : options.sci;
@@ -716,8 +727,8 @@ short WriteImageFile(const char* path, const Image& raster, HENHMETAFILE emf, fl
                      const FileOptions& options)
 {
     FileKind kind = KindOfPath(path);
-    // The engine reads CUT and PCX but writes neither.
-    if (kind == FileKind::Unknown || kind == FileKind::Cut || kind == FileKind::Pcx) return kEngineCannotWrite;
+    // The engine reads CUT but does not write it.
+    if (kind == FileKind::Unknown || kind == FileKind::Cut) return kEngineCannotWrite;
 
     if (kind == FileKind::Emf || kind == FileKind::Wmf) {
         HENHMETAFILE picture = emf;

@@ -2,7 +2,8 @@
 # Source files the engine decodes itself, read through zvconv and written
 # as PNG: PCX files of an independent writer (ImageMagick) must give the
 # pixels ImageMagick reads in them, and a CUT picture the colours of the
-# palette file its tag names rather than those of the one beside it.
+# palette file its tag names rather than those of the one beside it. PCX
+# files the engine writes must give ImageMagick the pixels they came from.
 # usage: check_read_files.sh WINE ZVCONV SAMPLE.bmp OUTDIR
 set -uo pipefail
 wine=$1 zvconv=$2 sample=$3 out=$4
@@ -30,6 +31,19 @@ for name in rgb palette; do
     if read_to_png "$name" "$out/$name.pcx"; then
         expect "$name.pcx pixels differing from ImageMagick's reading" \
             "$(compare -metric AE "$out/$name.pcx" "$out/$name.png" null: 2>&1)" "0"
+    fi
+done
+
+# The engine's own PCX of each, as ImageMagick reads it.
+for name in rgb palette; do
+    printf '' > "$out/$name-written.tags"
+    rm -f "$out/$name-written.pcx"
+    if "$wine" "$zvconv" "Z:$out/$name.pcx" "Z:$out/$name-written.pcx" "Z:$out/$name-written.tags" \
+        > "$out/$name-written.log" 2>&1; then
+        expect "$name.pcx written by the engine, pixels differing" \
+            "$(compare -metric AE "$out/$name.pcx" "$out/$name-written.pcx" null: 2>&1)" "0"
+    else
+        fail "$name-written: zvconv failed"; cat "$out/$name-written.log"
     fi
 done
 

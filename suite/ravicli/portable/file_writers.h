@@ -67,4 +67,10 @@ struct EpsOptions {
 };
 short WriteEpsBytes(const Image& image, const EpsOptions& options, std::vector<uint8_t>* out);
 
+// A PCX file of version 5, run-length coded: 1 bit as one plane with its two
+// colours in the header, 4 and 8 bits as one plane of 8 bits with the
+// 256-colour palette at the end, 24 and 32 bits as three planes (alpha
+// dropped). kEngineNoImage, kEngineBadSize (a side above 65535), or 0.
+short WritePcxBytes(const Image& image, std::vector<uint8_t>* out);
+
 }  // namespace ravi

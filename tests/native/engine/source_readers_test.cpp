@@ -1,11 +1,12 @@
 // The engine's own readers: CUT pictures coloured by their palette file or
 // read as greys, PCX pictures of each depth, and damaged files of both
-// refused with the engine's codes.
+// refused with the engine's codes; and the PCX the engine writes, read back.
 #include <gtest/gtest.h>
 
 #include <functional>
 
 #include "engine_codes.h"
+#include "file_writers.h"
 #include "source_file_bytes.h"
 #include "source_readers.h"
 
@@ -207,6 +208,32 @@ TEST(PcxReader, DamagedPicturesAreRefused)
                       {"a run's byte cut off", [](Bytes& f) { f.back() = 0xC2; }, kEngineTruncated},
                   },
                   [](const Bytes& f, Image* out) { return ReadPcxPicture(f.data(), f.size(), out); });
+}
+
+// Written and read back, each depth keeps its pixels: runs longer than a
+// count byte holds, and lone bytes that look like counts, survive.
+TEST(PcxWriter, EachDepthReadsBackAsItWasWritten)
+{
+    for (int bits : {1, 8, 24, 32}) {
+        Image image;
+        ASSERT_EQ(MakeImage(131, 3, bits, &image), 0);
+        // A 1-bit PCX is read as black and white, whatever its header says.
+        for (uint32_t i = 0; i < image.Colors(); ++i)
+            image.Table()[i] = bits == 1 ? RgbQuad{uint8_t(255 * i), uint8_t(255 * i), uint8_t(255 * i), 0}
+                                         : RgbQuad{uint8_t(i), uint8_t(255 - i), uint8_t(i * 7), 0};
+        const uint32_t top = bits == 1 ? 1 : bits == 8 ? 255 : 0xFFFFFF;
+        for (int32_t y = 0; y < 3; ++y)
+            for (int32_t x = 0; x < 131; ++x)
+                image.SetPixelValue(x, y, y == 0 ? top : y == 1 ? uint32_t(x * 2654435761u) % (top + 1) : 0xC1 % (top + 1));
+        Bytes pcx;
+        ASSERT_EQ(WritePcxBytes(image, &pcx), 0) << bits;
+        Image back;
+        ASSERT_EQ(ReadPcxPicture(pcx.data(), pcx.size(), &back), 0) << bits;
+        ASSERT_EQ(back.Width(), 131);
+        for (int32_t y = 0; y < 3; ++y)
+            for (int32_t x = 0; x < 131; ++x)
+                ASSERT_EQ(back.PixelRgb(x, y), image.PixelRgb(x, y) & 0xFFFFFF) << bits << " bits at " << x << "," << y;
+    }
 }
 
 }  // namespace
