@@ -2,7 +2,7 @@
 // the layout of any type text and with any fax, JPEG and EPS options:
 // whatever the text asks (tiles larger than the picture, planes of a
 // bilevel image, CCITT of a colour one), no write past a row, tile or
-// buffer, and every TIFF written reads back whole.
+// buffer, and every TIFF and PCX written reads back whole.
 #include <algorithm>
 #include <string>
 #include <vector>
@@ -11,6 +11,7 @@
 #include "fax_writer.h"
 #include "file_writers.h"
 #include "jpeg_writer.h"
+#include "source_readers.h"
 #include "tiff_reader.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size)
@@ -54,5 +55,11 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size)
     eps.grayReplacement = (pick >> 3) / 31.0;
     eps.preview = kPreviews[pick % 5];
     ravi::WriteEpsBytes(image, eps, &out);
+    if (ravi::WritePcxBytes(image, &out) == ravi::kEngineOk) {
+        ravi::Image back;
+        if (ravi::ReadPcxPicture(out.data(), out.size(), &back) != ravi::kEngineOk || back.Width() != width ||
+            back.Height() != height)
+            __builtin_trap();
+    }
     return 0;
 }
