@@ -277,8 +277,15 @@ short Dewey::Resize(long width, long height, short smooth)
     if (width <= 0 || height <= 0 || width > ravi::kMaxSide || height > ravi::kMaxSide) return ravi::kEngineBadSize;
     if (!InRange(smooth, 0, 1)) return ravi::kEngineBadArgument;
     LouieState& state = *louie->state;
-    if (!state.raster.Empty())
-        return ApplyToRaster(state, [=](ravi::Image& image) { return ravi::Resize(image, width, height, smooth); });
+    if (!state.raster.Empty()) {
+        // Into a new picture straight from the one in hand, which goes to the
+        // history as it is: no copy of a large picture for a small result.
+        ravi::Image resized;
+        const short code = ravi::ResizeInto(state.raster, width, height, smooth, &resized);
+        if (code != 0) return code;
+        ravi::CommitRaster(state, std::move(resized));
+        return 0;
+    }
     if (!state.emf) return ravi::kEngineNoImage;
 
     long w = 0, h = 0;

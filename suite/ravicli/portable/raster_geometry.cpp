@@ -394,34 +394,52 @@ void ResizeNearest(const Image& src, Image& dst)
 
 }  // namespace
 
-short Resize(Image& image, int32_t width, int32_t height, int smooth)
+short ResizeInto(const Image& source, int32_t width, int32_t height, int smooth, Image* out)
 {
-    if (image.Empty())
+    if (source.Empty())
         return kEngineNoImage;
     if (width <= 0 || height <= 0 || width > kMaxSide || height > kMaxSide)
         return kEngineBadSize;
     if (smooth != 0 && smooth != 1)
         return kEngineBadArgument;
-    if (width == image.Width() && height == image.Height())
+    if (width == source.Width() && height == source.Height()) {
+        *out = source;
         return kEngineOk;
-    short rc = kEngineOk;
-    if (smooth && image.Bits() <= 8 && !IsGreyRamp(image)) {
-        rc = ConvertDepth(image, 24);
+    }
+    // Averaging palette indices means nothing: such a picture is widened
+    // first, on a copy.
+    const Image* from = &source;
+    Image widened;
+    if (smooth && source.Bits() <= 8 && !IsGreyRamp(source)) {
+        widened = source;
+        const short rc = ConvertDepth(widened, 24);
         if (rc != kEngineOk)
             return rc;
+        from = &widened;
     }
     Image dst;
-    rc = MakeImage(width, height, image.Bits(), &dst, image.Bits() < 8 && !smooth);
+    const short rc = MakeImage(width, height, from->Bits(), &dst, from->Bits() < 8 && !smooth);
     if (rc != kEngineOk)
         return rc;
-    CopyResolution(image, dst);
-    std::memcpy(dst.Table(), image.Table(), image.Colors() * sizeof(RgbQuad));
+    CopyResolution(*from, dst);
+    std::memcpy(dst.Table(), from->Table(), from->Colors() * sizeof(RgbQuad));
     if (smooth)
-        ResizeSmoothBytes(image, dst, image.Bits() / 8);
+        ResizeSmoothBytes(*from, dst, from->Bits() / 8);
     else
-        ResizeNearest(image, dst);
-    image = std::move(dst);
+        ResizeNearest(*from, dst);
+    *out = std::move(dst);
     return kEngineOk;
+}
+
+short Resize(Image& image, int32_t width, int32_t height, int smooth)
+{
+    if (!image.Empty() && width == image.Width() && height == image.Height() && (smooth == 0 || smooth == 1))
+        return kEngineOk;
+    Image resized;
+    const short rc = ResizeInto(image, width, height, smooth, &resized);
+    if (rc == kEngineOk)
+        image = std::move(resized);
+    return rc;
 }
 
 }  // namespace ravi

@@ -55,6 +55,10 @@ short Rotate(Image& image, int angle, int flipV, int flipH, uint32_t background 
 // bilinear interpolation along one that grows; palette images become 24
 // bits (a grey-ramp 8-bit image stays 8 bits).
 short Resize(Image& image, int32_t width, int32_t height, int smooth);
+// The same into a new image, `source` untouched: no copy of the source is
+// made when its depth stays, which is what a large picture resized for a
+// thumbnail needs. `out` is untouched on failure.
+short ResizeInto(const Image& source, int32_t width, int32_t height, int smooth, Image* out);
 
 // Reduction methods, numbered as the command script numbers them.
 enum ReduceMethod : int {
