@@ -36,7 +36,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size)
     const std::string text(data, nul);
 
     std::vector<uint8_t> out;
-    zvtiff::TiffTypeSpec spec;
+    zvtiff::TiffTypeFields spec;
     if (zvtiff::ParseTiffTypeText(text.c_str(), &spec) && ravi::WriteTiffBytes(image, spec, &out) == ravi::kEngineOk) {
         zvtiff::TiffMemorySource source(out.data(), out.size());
         zvtiff::TiffStructure structure;

@@ -22,12 +22,12 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size)
             for (std::size_t i = 0; i < entry.values.size(); ++i) zvtiff::EntryNumber(entry, i, 0);
         std::string text = zvtiff::TiffTypeText(zvtiff::ReadImageFacts(ifd));
         if (text.size() > zvtiff::kTiffTypeTextMax) std::abort();
-        zvtiff::TiffTypeSpec spec;
+        zvtiff::TiffTypeFields spec;
         zvtiff::ParseTiffTypeText(text.c_str(), &spec);
     }
     // The input once more as a type text: the parser must stop at its NUL.
     std::string asText(reinterpret_cast<const char*>(data), size);
-    zvtiff::TiffTypeSpec spec;
+    zvtiff::TiffTypeFields spec;
     zvtiff::ParseTiffTypeText(asText.c_str(), &spec);
     return 0;
 }

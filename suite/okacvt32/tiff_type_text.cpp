@@ -46,7 +46,7 @@ std::string TiffTypeText(const TiffImageFacts& facts)
     return text;
 }
 
-bool ParseTiffTypeText(const char* text, TiffTypeSpec* spec)
+bool ParseTiffTypeText(const char* text, TiffTypeFields* spec)
 {
     if (text == nullptr) return true;
     const char* p = text;

@@ -14,7 +14,7 @@ namespace zvtiff {
 // Everything the text can say, with the value a writer takes when the text
 // leaves a key out (an uncompressed, strip-organised, chunky TIFF whose
 // colour follows the image).
-struct TiffTypeSpec {
+struct TiffTypeFields {
     uint32_t compression = 1;
     uint32_t photometric = 0;     // 0: not given, the image's own colour decides
     uint32_t bitsPerSample = 0;   // 0: not given
@@ -36,9 +36,9 @@ constexpr std::size_t kTiffTypeTextMax = 127;
 std::string TiffTypeText(const TiffImageFacts& facts);
 
 // Reads a type text; keys it does not know are skipped, so that a newer
-// text still reads. Gives false (and leaves spec at what it read so far)
+// text still reads. Gives false (and leaves `fields` at what it read so far)
 // when a known key has a value that is no number or is out of range.
-bool ParseTiffTypeText(const char* text, TiffTypeSpec* spec);
+bool ParseTiffTypeText(const char* text, TiffTypeFields* fields);
 
 // The codes that the scan of a TIFF gives for each failure. Each is the
 // negative id of the text that the options library's string table holds

@@ -633,7 +633,7 @@ short WriteGif(const char* path, const ravi::Image& source, const ravi::FileOpti
 // it is asked for.
 short WriteTiff(const char* path, const ravi::Image& image, const std::string& typeText)
 {
-    zvtiff::TiffTypeSpec spec;
+    zvtiff::TiffTypeFields spec;
     if (!zvtiff::ParseTiffTypeText(typeText.c_str(), &spec)) return ravi::kEngineBadArgument;
     if (!ravi::EngineWritesTiffCompression(spec.compression)) return ravi::kEngineNotSupported;
     std::vector<unsigned char> tiff;

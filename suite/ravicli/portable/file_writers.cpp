@@ -110,7 +110,7 @@ bool IsCcitt(uint32_t compression)
     return compression == 2 || compression == 3 || compression == 4;
 }
 
-TiffSamples SamplesOf(const Image& source, const zvtiff::TiffTypeSpec& spec)
+TiffSamples SamplesOf(const Image& source, const zvtiff::TiffTypeFields& spec)
 {
     if (spec.bitsPerSample == 1 || source.Bits() == 1 || IsCcitt(spec.compression))
         return {TiffSamples::Bilevel, 1, 1};
@@ -196,7 +196,7 @@ bool EngineWritesTiffCompression(uint32_t compression)
            compression == 32946 || compression == 32773;
 }
 
-short WriteTiffBytes(const Image& source, const zvtiff::TiffTypeSpec& spec, std::vector<uint8_t>* out)
+short WriteTiffBytes(const Image& source, const zvtiff::TiffTypeFields& spec, std::vector<uint8_t>* out)
 {
     if (source.Empty()) return kEngineNoImage;
     if (!EngineWritesTiffCompression(spec.compression)) return kEngineBadArgument;
@@ -490,7 +490,7 @@ short WriteEpsBytes(const Image& source, const EpsOptions& options, std::vector<
             short code = Resize(small, std::max(1, width / 2), std::max(1, height / 2), 0);
             if (code != 0) return code;
         }
-        zvtiff::TiffTypeSpec spec;
+        zvtiff::TiffTypeFields spec;
         if (kind.find("BW") != std::string::npos) spec.bitsPerSample = 1;
         short code = WriteTiffBytes(small, spec, &tiffPreview);
         if (code != 0) return code;

@@ -20,19 +20,19 @@ namespace ravi {
 // Deflate (8, and its older number 32946) and PackBits (32773).
 bool EngineWritesTiffCompression(uint32_t compression);
 
-// A TIFF of one image in one of those compressions, in strips of
-// spec.rowsPerStrip rows (0: strips of about 8 KB) or in tiles of the
-// spec's size (a tile larger than the image rounded up to 16 is cut to
-// that; the last tiles of a row or column are padded with zeros), with
-// the samples chunky or, when the spec asks for planar configuration 2 and
-// a pixel has more than one sample, in separate planes. A spec of one bit
-// per sample, a CCITT compression, or a bilevel image, is written bilevel with black as 1
-// (photometric 0), its stored bytes (coded or not) in the fill order of
-// the spec; palette images keep their palette (photometric 3); others
-// become 8-bit RGB. Predictor 2 (horizontal differencing) is used with LZW
-// and Deflate on 8-bit samples, and left out elsewhere. Gives 0 or an
-// engine code (kEngineBadArgument for another compression).
-short WriteTiffBytes(const Image& image, const zvtiff::TiffTypeSpec& spec, std::vector<uint8_t>* out);
+// A TIFF of one image in one of those compressions, laid out as the parsed
+// type text `type` says: in strips of type.rowsPerStrip rows (0: strips of
+// about 8 KB) or in tiles of its size (a tile larger than the image rounded
+// up to 16 is cut to that; the last tiles of a row or column are padded
+// with zeros), with the samples chunky or, for planar configuration 2 and
+// more than one sample a pixel, in separate planes. One bit per sample, a
+// CCITT compression, or a bilevel image is written bilevel with black as 1
+// (photometric 0), its stored bytes (coded or not) in the type's fill
+// order; palette images keep their palette (photometric 3); others become
+// 8-bit RGB. Predictor 2 (horizontal differencing) is used with LZW and
+// Deflate on 8-bit samples, and left out elsewhere. Gives 0 or an engine
+// code (kEngineBadArgument for another compression).
+short WriteTiffBytes(const Image& image, const zvtiff::TiffTypeFields& type, std::vector<uint8_t>* out);
 
 // The rows of an image in the order an interlaced GIF stores them: every
 // eighth row from 0, every eighth from 4, every fourth from 2, every

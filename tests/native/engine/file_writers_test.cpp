@@ -61,7 +61,7 @@ TEST(FileWriters, TiffStripsHoldThePixelsInEachLayout)
     image.Header()->xPelsPerMeter = image.Header()->yPelsPerMeter = 11811;  // 300 dpi
 
     for (uint32_t compression : {1u, 32773u}) {
-        zvtiff::TiffTypeSpec spec;
+        zvtiff::TiffTypeFields spec;
         spec.compression = compression;
         spec.rowsPerStrip = 3;
         std::vector<uint8_t> tiff;
@@ -80,7 +80,7 @@ TEST(FileWriters, TiffStripsHoldThePixelsInEachLayout)
     }
 
     // Bilevel, bits in reversed fill order: black is 1.
-    zvtiff::TiffTypeSpec fax;
+    zvtiff::TiffTypeFields fax;
     fax.bitsPerSample = 1;
     fax.fillOrder = 2;
     std::vector<uint8_t> tiff;
@@ -94,7 +94,7 @@ TEST(FileWriters, TiffStripsHoldThePixelsInEachLayout)
     EXPECT_EQ(pixels[1], 0x03);  // 8 and 9 dark, in the low bits
     EXPECT_EQ(pixels[2], 0x00);
 
-    zvtiff::TiffTypeSpec jpeg;
+    zvtiff::TiffTypeFields jpeg;
     jpeg.compression = 7;
     EXPECT_EQ(WriteTiffBytes(image, jpeg, &tiff), kEngineBadArgument);
 }
@@ -104,7 +104,7 @@ TEST(FileWriters, TilesArePaddedAndPlanesFollowOneAnother)
     // 20 x 7 in tiles of 16 x 16: two tiles a plane, the second padded.
     Image image = MakeOrDie(20, 7, 24);
     image.SetPixelValue(17, 5, 0x112233);
-    zvtiff::TiffTypeSpec spec;
+    zvtiff::TiffTypeFields spec;
     spec.tiled = true;
     spec.tileWidth = spec.tileLength = 16;
     spec.planarConfig = 2;

@@ -241,7 +241,7 @@ TEST(TiffReader, StopsAtALoopOfIfds)
 
 TEST(TiffTypeText, ReadsWhatTheScanWritesAndRefusesBadValues)
 {
-    TiffTypeSpec spec;
+    TiffTypeFields spec;
     ASSERT_TRUE(ParseTiffTypeText("COMP=32773;PHOTO=0;BPS=1;SPP=1;FILL=2;PLANAR=1;PRED=1;TILES=64x32;NEW=7", &spec));
     EXPECT_EQ(spec.compression, 32773u);
     EXPECT_EQ(spec.fillOrder, 2u);
@@ -249,14 +249,14 @@ TEST(TiffTypeText, ReadsWhatTheScanWritesAndRefusesBadValues)
     EXPECT_EQ(spec.tileWidth, 64u);
     EXPECT_EQ(spec.tileLength, 32u);
 
-    TiffTypeSpec defaults;
+    TiffTypeFields defaults;
     ASSERT_TRUE(ParseTiffTypeText("", &defaults));
     EXPECT_EQ(defaults.compression, 1u);
     EXPECT_FALSE(defaults.tiled);
 
     for (const char* bad : {"COMP=", "COMP=x", "BPS=64", "FILL=3", "STRIPS=99999999999", "TILES=64", "TILES=10x16",
                             "PRED=-1"}) {
-        TiffTypeSpec s;
+        TiffTypeFields s;
         EXPECT_FALSE(ParseTiffTypeText(bad, &s)) << bad;
     }
 
