@@ -490,6 +490,34 @@ int PrintScrollPosition(const PrintPosState& s, double value)
     return Trunc(value * s.scrollScale);
 }
 
+namespace {
+
+// The left or top edge of the rectangle dragged by `steps` steps of
+// `delta` each: it moves and the size takes up the difference, the size
+// no smaller than a step and the edge no further than the smallest
+// position.
+void DragNearEdge(const PrintPosState& s, double& position, double& size, int steps, double delta)
+{
+    if (steps > 0 && size > s.step) {
+        position = std::min(position + delta, position + size);
+        size = std::max(size - delta, s.step);
+    } else if (steps < 0 && position > s.minPosition) {
+        size = std::min(size - delta, size + position);
+        position = std::max(position + delta, s.minPosition);
+    }
+}
+
+// The right or bottom edge: only the size changes, within the page.
+void DragFarEdge(const PrintPosState& s, double position, double& size, int steps, double delta, double page)
+{
+    if (steps > 0)
+        size = std::min(size + delta, page - position);
+    else if (steps < 0)
+        size = std::max(size + delta, s.step);
+}
+
+}  // namespace
+
 bool DragPrintRect(PrintPosState& s, int dx, int dy, DragFields* fields, PrintPoint* cursor)
 {
     const int sx = Trunc(Divide(dx, s.pixelsPerStepX));
@@ -504,36 +532,14 @@ bool DragPrintRect(PrintPosState& s, int dx, int dy, DragFields* fields, PrintPo
     const bool topEdge = h == 2 || h == 3 || h == 6;
     const bool bottomEdge = h == 4 || h == 5 || h == 7;
 
-    if (leftEdge) {
-        if (sx > 0 && s.width > s.step) {
-            s.left = std::min(s.left + ddx, s.left + s.width);
-            s.width = std::max(s.width - ddx, s.step);
-        } else if (sx < 0 && s.left > s.minPosition) {
-            s.width = std::min(s.width - ddx, s.width + s.left);
-            s.left = std::max(s.left + ddx, s.minPosition);
-        }
-    }
-    if (rightEdge) {
-        if (sx > 0)
-            s.width = std::min(s.width + ddx, s.pageWidth - s.left);
-        else if (sx < 0)
-            s.width = std::max(s.width + ddx, s.step);
-    }
-    if (topEdge) {
-        if (sy > 0 && s.height > s.step) {
-            s.top = std::min(s.top + ddy, s.top + s.height);
-            s.height = std::max(s.height - ddy, s.step);
-        } else if (sy < 0 && s.top > s.minPosition) {
-            s.height = std::min(s.height - ddy, s.height + s.top);
-            s.top = std::max(s.top + ddy, s.minPosition);
-        }
-    }
-    if (bottomEdge) {
-        if (sy > 0)
-            s.height = std::min(s.height + ddy, s.pageHeight - s.top);
-        else if (sy < 0)
-            s.height = std::max(s.height + ddy, s.step);
-    }
+    if (leftEdge)
+        DragNearEdge(s, s.left, s.width, sx, ddx);
+    if (rightEdge)
+        DragFarEdge(s, s.left, s.width, sx, ddx, s.pageWidth);
+    if (topEdge)
+        DragNearEdge(s, s.top, s.height, sy, ddy);
+    if (bottomEdge)
+        DragFarEdge(s, s.top, s.height, sy, ddy, s.pageHeight);
     if (h == 1) {
         if (sx > 0)
             s.left = std::min(s.left + ddx, s.pageWidth - s.width);
